@@ -1,0 +1,40 @@
+#include "drivers/simulator/Element.h"
+
+#include <utility>
+
+namespace quobrak::simulator {
+
+Element& Element::append(std::unique_ptr<Element> child) {
+  child->parent_ = this;
+  return *children_.emplace_back(std::move(child));
+}
+
+void Element::remove(const Element& child) {
+  std::erase_if(children_, [&child](const auto& candidate) { return candidate.get() == &child; });
+}
+
+std::unique_ptr<Element> Element::copy() const {
+  auto made = std::make_unique<Element>(type);
+  made->identifier = identifier;
+  made->label = label;
+  made->value = value;
+  made->placeholder = placeholder;
+  made->isEnabled = isEnabled;
+  made->isSelected = isSelected;
+  made->hasKeyboardFocus = hasKeyboardFocus;
+  made->frame = frame;
+  for (const auto& child : children_) {
+    made->append(child->copy());
+  }
+  return made;
+}
+
+bool isWithin(const Element& element, const Element& ancestor) {
+  const Element* step = &element;
+  while (step != nullptr && step != &ancestor) {
+    step = step->parent();
+  }
+  return step != nullptr;
+}
+
+}  // namespace quobrak::simulator

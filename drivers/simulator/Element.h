@@ -1,0 +1,68 @@
+#pragma once
+
+#include <concepts>
+#include <memory>
+#include <optional>
+#include <string>
+#include <type_traits>
+#include <vector>
+
+#include "platform/uiautomation/ElementType.h"
+#include "platform/uiautomation/Geometry.h"
+
+namespace quobrak::simulator {
+
+/// One element of a simulated screen, with all below it. It owns its children and knows its parent, so it stays where
+/// it was made.
+class Element {
+ public:
+  explicit Element(ElementType elementType) : type(elementType) {}
+  Element(const Element&) = delete;
+  Element& operator=(const Element&) = delete;
+
+  /// Adds a child behind the others, which is in front of them on the screen.
+  Element& append(std::unique_ptr<Element> child);
+  Element& append(ElementType childType) { return append(std::make_unique<Element>(childType)); }
+
+  const Element* parent() const { return parent_; }
+  Element* parent() { return parent_; }
+  const std::vector<std::unique_ptr<Element>>& children() const { return children_; }
+
+  /// Takes a child out. It must be one.
+  void remove(const Element& child);
+
+  /// The tree above it is not copied: the copy is a root.
+  std::unique_ptr<Element> copy() const;
+
+  ElementType type;
+  std::string identifier;
+  std::string label;
+  std::optional<std::string> value;
+  std::optional<std::string> placeholder;
+  bool isEnabled = true;
+  bool isSelected = false;
+  bool hasKeyboardFocus = false;
+  /// In points of the screen.
+  Rect frame;
+
+ private:
+  Element* parent_ = nullptr;
+  std::vector<std::unique_ptr<Element>> children_;
+};
+
+/// Whether the element is `ancestor` or lies anywhere in it.
+bool isWithin(const Element& element, const Element& ancestor);
+
+/// Calls `visit` with every element below `root`, not with `root` itself, in document order. `root` may be const or not,
+/// and so is what `visit` receives.
+template <class Root, class Visit>
+  requires std::same_as<std::remove_const_t<Root>, Element>
+void forEachDescendant(Root& root, const Visit& visit) {
+  for (const auto& child : root.children()) {
+    Root& element = *child;
+    visit(element);
+    forEachDescendant(element, visit);
+  }
+}
+
+}  // namespace quobrak::simulator

@@ -1,0 +1,159 @@
+#include "drivers/simulator/ElementDescription.h"
+
+#include <array>
+#include <cstdio>
+#include <unordered_map>
+#include <vector>
+
+namespace quobrak::simulator {
+
+namespace {
+
+/// A number of points as descriptions show it.
+std::string withOneDecimal(double number) {
+  // The largest double has 309 digits before the point.
+  std::array<char, 320> text{};
+  const int length = std::snprintf(text.data(), text.size(), "%.1f", number);
+  return {text.data(), static_cast<std::size_t>(length)};
+}
+
+std::string inBraces(double one, double other) {
+  return "{" + withOneDecimal(one) + ", " + withOneDecimal(other) + "}";
+}
+
+void appendQuoted(std::string& text, std::string_view name, const std::string& value) {
+  if (!value.empty()) {
+    text.append(", ").append(name).append(": '").append(value).append("'");
+  }
+}
+
+/// The first window of an application is its main one.
+bool isMainWindow(const Element& element) {
+  const Element* const parent = element.parent();
+  return element.type == ElementType::window && parent != nullptr && parent->type == ElementType::application &&
+         parent->children().front().get() == &element;
+}
+
+/// Stands in for the addresses that a phone shows: made from the element's place in its document, so that the same
+/// screen gives the same text.
+class Addresses {
+ public:
+  explicit Addresses(const Element& element) {
+    const Element* root = &element;
+    while (root->parent() != nullptr) {
+      root = root->parent();
+    }
+    places_.emplace(root, 0);
+    forEachDescendant(*root, [this](const Element& below) { places_.emplace(&below, places_.size()); });
+  }
+
+  std::string of(const Element& element) const {
+    constexpr unsigned long long FIRST = 0x100000000;
+    constexpr unsigned long long DISTANCE = 0x40;
+    std::array<char, 24> text{};
+    const int length =
+        std::snprintf(text.data(), text.size(), "0x%llx", FIRST + DISTANCE * places_.at(&element));
+    return {text.data(), static_cast<std::size_t>(length)};
+  }
+
+ private:
+  std::unordered_map<const Element*, std::size_t> places_;
+};
+
+class DescriptionWriter {
+ public:
+  DescriptionWriter(const Element& element, int processIdentifier)
+      : addresses_(element), processIdentifier_(processIdentifier) {}
+
+  std::string line(const Element& element) const {
+    std::string text(nameOf(element.type));
+    text += isMainWindow(element) ? " (Main), " : ", ";
+    text += addresses_.of(element);
+    if (element.type == ElementType::application) {
+      text += ", pid: " + std::to_string(processIdentifier_);
+    } else {
+      text += ", {" + inBraces(element.frame.origin.x, element.frame.origin.y) + ", " +
+              inBraces(element.frame.size.width, element.frame.size.height) + "}";
+    }
+    appendQuoted(text, "identifier", element.identifier);
+    appendQuoted(text, "label", element.label);
+    appendQuoted(text, "placeholderValue", element.placeholder.value_or(""));
+    if (element.value && !element.value->empty()) {
+      text += ", value: " + *element.value;
+    }
+    text += element.hasKeyboardFocus ? ", Keyboard Focused" : "";
+    text += element.isSelected ? ", Selected" : "";
+    text += element.isEnabled ? "" : ", Disabled";
+    return text + "\n";
+  }
+
+  std::string linesBelow(const Element& element, std::size_t indent) const {
+    std::string text;
+    for (const auto& child : element.children()) {
+      text += std::string(indent, ' ') + line(*child) + linesBelow(*child, indent + 2);
+    }
+    return text;
+  }
+
+  std::string path(const Element& element) const {
+    std::vector<const Element*> steps;
+    for (const Element* step = &element; step != nullptr; step = step->parent()) {
+      steps.insert(steps.begin(), step);
+    }
+    std::string text;
+    for (std::size_t depth = 0; depth < steps.size(); ++depth) {
+      text += std::string(depth + 1, ' ') + (depth == 0 ? "→" : "↳") + line(*steps[depth]);
+    }
+    return text;
+  }
+
+ private:
+  Addresses addresses_;
+  int processIdentifier_;
+};
+
+struct FindText {
+  std::string operator()(const DescendantsStep& step) const {
+    return "Descendants matching type " + std::string(nameOf(step.type));
+  }
+  std::string operator()(const MatchingPredicateStep& step) const {
+    return "Elements matching predicate '" + step.predicate.predicateFormat() + "'";
+  }
+  std::string operator()(const MatchingIdentifierStep& step) const {
+    return "Elements matching identifier '" + step.identifier + "'";
+  }
+  std::string operator()(const ElementPick& pick) const {
+    const auto* const atIndex = std::get_if<AtIndex>(&pick);
+    return "Element at index " + std::to_string(atIndex == nullptr ? 0 : atIndex->index);
+  }
+  std::string operator()(const ApplicationRoot& root) const { return "Application '" + root.bundleIdentifier + "'"; }
+  std::string operator()(const std::shared_ptr<const ElementHandle>& handle) const { return handle->description(); }
+};
+
+}  // namespace
+
+std::string queryChain(const XCUIElement& element) {
+  std::string text = "Query chain:\n →Find: " + std::visit(FindText{}, element.query().root()) + "\n";
+  std::vector<QueryStep> steps = element.query().steps();
+  if (element.pick()) {
+    steps.emplace_back(*element.pick());
+  }
+  for (std::size_t depth = 0; depth < steps.size(); ++depth) {
+    text += std::string(2 * depth + 2, ' ') + "↪︎Find: " + std::visit(FindText{}, steps[depth]) + "\n";
+  }
+  return text;
+}
+
+std::string debugDescription(const Element& element, const XCUIElement& description, int processIdentifier) {
+  const DescriptionWriter writer(element, processIdentifier);
+  const std::string line = writer.line(element);
+  constexpr std::size_t FIRST_INDENT = 4;
+  std::string text = "Attributes: " + line + "Element subtree:\n →" + line + writer.linesBelow(element, FIRST_INDENT) +
+                     "Path to element:\n" + writer.path(element) + queryChain(description);
+  if (element.parent() == nullptr) {
+    text += "  Output: {\n    " + line + "  }\n";
+  }
+  return text + "\n";
+}
+
+}  // namespace quobrak::simulator

@@ -1,0 +1,123 @@
+#include "drivers/simulator/HitTest.h"
+
+#include <utility>
+
+#include "drivers/simulator/Rectangles.h"
+
+namespace quobrak::simulator {
+
+namespace {
+
+bool clipsItsChildren(ElementType type) {
+  return type == ElementType::application || type == ElementType::scrollView || type == ElementType::table ||
+         type == ElementType::collectionView || type == ElementType::webView;
+}
+
+/// Screens are full of containers that fill them and show nothing; touches fall through those that nobody has named.
+bool takesTouches(const Element& element) {
+  switch (element.type) {
+    case ElementType::application:
+    case ElementType::window:
+    case ElementType::group:
+      return false;
+    case ElementType::other:
+      return !element.label.empty();
+    default:
+      return true;
+  }
+}
+
+/// An alert or a sheet takes every touch that is made while it is up, wherever it lands.
+bool isModal(ElementType type) {
+  return type == ElementType::alert || type == ElementType::sheet;
+}
+
+const Element& rootOf(const Element& element) {
+  const Element* root = &element;
+  while (root->parent() != nullptr) {
+    root = root->parent();
+  }
+  return *root;
+}
+
+/// Keeps the front-most element at the point, and the walk's place.
+struct FrontMost {
+  Point point;
+  Rect screen;
+  const Element* found = nullptr;
+
+  void visit(const Element& element, const Rect& clip) {
+    const Rect region = isModal(element.type) ? screen : intersection(element.frame, clip);
+    if (takesTouches(element) && contains(region, point)) {
+      found = &element;
+    }
+    const Rect childClip = clipsItsChildren(element.type) ? intersection(element.frame, clip) : clip;
+    for (const auto& child : element.children()) {
+      visit(*child, childClip);
+    }
+  }
+};
+
+/// Whether `later` comes after `earlier` in document order; neither is within the other.
+bool comesAfter(const Element& later, const Element& earlier) {
+  const Element* ancestor = later.parent();
+  while (ancestor != nullptr && !isWithin(earlier, *ancestor)) {
+    ancestor = ancestor->parent();
+  }
+  if (ancestor == nullptr) {
+    return false;
+  }
+  for (const auto& child : ancestor->children()) {
+    if (isWithin(earlier, *child)) {
+      return true;
+    }
+    if (isWithin(later, *child)) {
+      return false;
+    }
+  }
+  return false;
+}
+
+}  // namespace
+
+const Element* elementAt(const Element& root, Point point) {
+  if (!contains(root.frame, point)) {
+    return nullptr;
+  }
+  FrontMost frontMost{.point = point, .screen = root.frame};
+  frontMost.visit(root, root.frame);
+  return frontMost.found;
+}
+
+Element* elementAt(Element& root, Point point) {
+  // The tree was given to be changed, and the element belongs to it.
+  return const_cast<Element*>(elementAt(std::as_const(root), point));
+}
+
+std::optional<Point> hitPoint(const Element& element) {
+  Rect visible = element.frame;
+  for (const Element* ancestor = element.parent(); ancestor != nullptr; ancestor = ancestor->parent()) {
+    if (clipsItsChildren(ancestor->type)) {
+      visible = intersection(visible, ancestor->frame);
+    }
+  }
+  if (isEmpty(visible)) {
+    return std::nullopt;
+  }
+  return centre(visible);
+}
+
+bool isHittable(const Element& element) {
+  const std::optional<Point> point = hitPoint(element);
+  if (!point) {
+    return false;
+  }
+  const Element* const touched = elementAt(rootOf(element), *point);
+  if (touched == nullptr || isWithin(*touched, element)) {
+    return true;
+  }
+  // A container that takes no touches itself is covered only by what lies in front of it.
+  return !takesTouches(element) && !comesAfter(*touched, element);
+}
+
+}  // namespace quobrak::simulator

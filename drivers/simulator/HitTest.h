@@ -1,0 +1,22 @@
+#pragma once
+
+#include <optional>
+
+#include "drivers/simulator/Element.h"
+#include "platform/uiautomation/Geometry.h"
+
+namespace quobrak::simulator {
+
+/// The element of the tree that takes a touch at the point: the front-most one there that is not a mere container,
+/// within the screen (the frame of `root`) and all that clips it. Null where the touch falls through.
+const Element* elementAt(const Element& root, Point point);
+Element* elementAt(Element& root, Point point);
+
+/// Where a touch on the element is meant to land: the middle of its part that is within the screen and all that clips
+/// it. None where no part is.
+std::optional<Point> hitPoint(const Element& element);
+
+/// Whether a touch at the element's hit point lands on it or on something inside it.
+bool isHittable(const Element& element);
+
+}  // namespace quobrak::simulator

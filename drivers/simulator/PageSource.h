@@ -1,0 +1,23 @@
+#pragma once
+
+#include <memory>
+#include <stdexcept>
+#include <string_view>
+
+#include "drivers/simulator/Element.h"
+
+namespace quobrak::simulator {
+
+/// A page source that cannot be used: says what is wrong and at which line and column.
+class PageSourceError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+/// Reads a page source, the XML in which UI-automation servers describe a screen. The root of the tree is an
+/// Application: a page that has none gets one of the screen's size. `name` stands for identifier and label: the
+/// identifier is `name` where it differs from the label; an attribute `identifier` overrides it. An element without
+/// `enabled` is enabled. Throws `PageSourceError`.
+std::unique_ptr<Element> readPageSource(std::string_view xml, Size screen);
+
+}  // namespace quobrak::simulator

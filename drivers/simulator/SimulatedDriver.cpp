@@ -1,0 +1,282 @@
+#include "drivers/simulator/SimulatedDriver.h"
+
+#include <utility>
+
+#include "drivers/simulator/ElementDescription.h"
+#include "drivers/simulator/HitTest.h"
+#include "drivers/simulator/Rectangles.h"
+#include "platform/foundation/NSRegularExpression.h"
+#include "platform/uiautomation/UIAutomationError.h"
+#include "platform/uiautomation/Waiting.h"
+
+namespace quobrak::simulator {
+
+namespace {
+
+/// How often a wait looks at the screen.
+constexpr std::chrono::milliseconds POLL_INTERVAL(50);
+
+/// An alert of the system process, by its number.
+class AlertHandle final : public ElementHandle {
+ public:
+  explicit AlertHandle(const SystemAlert& alert) : number_(alert.number), title_(alert.alert().label) {}
+
+  std::uint64_t number() const { return number_; }
+  std::string description() const override { return "the system alert \"" + title_ + "\""; }
+
+ private:
+  std::uint64_t number_;
+  std::string title_;
+};
+
+}  // namespace
+
+/// What is being done to what, for the texts of errors.
+class SimulatedDriver::Operation {
+ public:
+  template <class Target>
+  Operation(std::string_view name, const Target& target)
+      : name_(name), describe_([&target] { return describe(target); }) {}
+
+  /// What `ask` answers; what a predicate can get wrong becomes a failure of this operation.
+  template <class Ask>
+  auto guarded(Ask ask) const {
+    try {
+      return ask();
+    } catch (const RegularExpressionError& error) {
+      fail(error.what());
+    } catch (const UnknownAttributeError& error) {
+      fail(error.what());
+    }
+  }
+
+  [[noreturn]] void fail(const std::string& reason) const {
+    throw UIAutomationError(std::string(name_) + " of " + describe_() + " on the simulated phone: " + reason);
+  }
+
+ private:
+  static std::string describe(const std::string& bundleIdentifier) {
+    return "the application \"" + bundleIdentifier + "\"";
+  }
+  static std::string describe(const XCUIElementQuery& query) { return quobrak::describe(query); }
+  static std::string describe(const XCUIElement& element) { return quobrak::describe(element); }
+  static std::string describe(const XCUICoordinate& point) { return quobrak::describe(point); }
+
+  std::string_view name_;
+  std::function<std::string()> describe_;
+};
+
+SimulatedDriver::SimulatedDriver(PhoneDescription phone, Clock& clock)
+    : clock_(clock),
+      phone_(std::move(phone), clock),
+      queries_([this](const Element& element) { return isHittableNow(element); }),
+      painter_(phone_.description().size, phone_.description().scale) {}
+
+void SimulatedDriver::launch(const std::string& bundleIdentifier) {
+  if (!phone_.isInstalled(bundleIdentifier)) {
+    std::string installed;
+    for (const auto& [identifier, application] : phone_.description().applications) {
+      installed += (installed.empty() ? "" : ", ") + identifier;
+    }
+    Operation("launch", bundleIdentifier).fail("it is not installed; installed are " + installed);
+  }
+  phone_.launch(bundleIdentifier);
+}
+
+void SimulatedDriver::terminate(const std::string& bundleIdentifier) {
+  phone_.terminate(bundleIdentifier);
+}
+
+const Element* SimulatedDriver::rootOf(const QueryRoot& root) const {
+  if (const auto* const application = std::get_if<ApplicationRoot>(&root)) {
+    const RunningApplication* const running = phone_.running(application->bundleIdentifier);
+    return running == nullptr ? nullptr : running->screen.get();
+  }
+  const auto handle = std::dynamic_pointer_cast<const AlertHandle>(std::get<std::shared_ptr<const ElementHandle>>(root));
+  const SystemAlert* const alert = phone_.alert();
+  const bool isUp = handle != nullptr && alert != nullptr && alert->number == handle->number();
+  return isUp ? &alert->alert() : nullptr;
+}
+
+const Element* SimulatedDriver::found(const Operation& operation, const XCUIElement& element) const {
+  const Element* const root = rootOf(element.query().root());
+  return root == nullptr ? nullptr : operation.guarded([&] { return queries_.element(element, *root); });
+}
+
+const Element& SimulatedDriver::required(const Operation& operation, const XCUIElement& element) const {
+  const Element* const existing = found(operation, element);
+  if (existing == nullptr) {
+    operation.fail("it does not exist");
+  }
+  return *existing;
+}
+
+/// What is shown behind the application in front cannot be touched. An alert of the system process is no hindrance: it
+/// is dealt with before each action.
+bool SimulatedDriver::isHittableNow(const Element& element) const {
+  const std::vector<const Element*> layers = phone_.layers();
+  const bool isOnScreen = isWithin(element, *layers.front());
+  const bool isInAlert = phone_.alert() != nullptr && isWithin(element, *phone_.alert()->window);
+  return (isOnScreen || isInAlert) && simulator::isHittable(element);
+}
+
+std::size_t SimulatedDriver::count(const XCUIElementQuery& query) {
+  const Element* const root = rootOf(query.root());
+  if (root == nullptr) {
+    return 0;
+  }
+  return Operation("count", query).guarded([&] { return queries_.elements(query, *root).size(); });
+}
+
+bool SimulatedDriver::exists(const XCUIElement& element) {
+  return found({"exists", element}, element) != nullptr;
+}
+
+std::string SimulatedDriver::label(const XCUIElement& element) {
+  const Element* const existing = found({"label", element}, element);
+  return existing == nullptr ? "" : existing->label;
+}
+
+std::string SimulatedDriver::identifier(const XCUIElement& element) {
+  const Element* const existing = found({"identifier", element}, element);
+  return existing == nullptr ? "" : existing->identifier;
+}
+
+ElementValue SimulatedDriver::value(const XCUIElement& element) {
+  const Element* const existing = found({"value", element}, element);
+  return existing != nullptr && existing->value ? ElementValue(*existing->value) : ElementValue();
+}
+
+Rect SimulatedDriver::frame(const XCUIElement& element) {
+  const Element* const existing = found({"frame", element}, element);
+  return existing == nullptr ? Rect{} : existing->frame;
+}
+
+bool SimulatedDriver::isHittable(const XCUIElement& element) {
+  const Element* const existing = found({"isHittable", element}, element);
+  return existing != nullptr && isHittableNow(*existing);
+}
+
+XCTWaiterResult SimulatedDriver::waitForExistence(const XCUIElement& element, Seconds timeout) {
+  return waitUntil(clock_, timeout, POLL_INTERVAL,
+                   [&] { return found({"waitForExistence", element}, element) != nullptr; });
+}
+
+XCTWaiterResult SimulatedDriver::waitForPredicate(const XCUIElement& element, const NSPredicate& predicate,
+                                                  Seconds timeout) {
+  const Operation operation("waitForPredicate", element);
+  const std::function<bool(const Element&)> hittable = [this](const Element& tested) { return isHittableNow(tested); };
+  return operation.guarded([&] {
+    const PredicateEvaluator evaluator(predicate);
+    return waitUntil(clock_, timeout, POLL_INTERVAL,
+                     [&] { return evaluator.evaluate(ElementAttributes(found(operation, element), hittable)); });
+  });
+}
+
+void SimulatedDriver::tap(const XCUIElement& element) {
+  touch({"tap", element}, element, Seconds::zero());
+}
+
+void SimulatedDriver::press(const XCUIElement& element, Seconds duration) {
+  touch({"press", element}, element, duration);
+}
+
+void SimulatedDriver::touch(const Operation& operation, const XCUIElement& element, Seconds duration) {
+  dealWithAlerts();
+  const std::optional<Point> point = hitPoint(required(operation, element));
+  if (!point) {
+    operation.fail("no part of it is on the screen");
+  }
+  phone_.touch(*point, duration);
+}
+
+void SimulatedDriver::typeText(const XCUIElement& element, std::string_view text) {
+  dealWithAlerts();
+  const Operation operation("typeText", element);
+  if (!phone_.type(required(operation, element), text)) {
+    operation.fail("neither it nor anything in it has the keyboard's focus");
+  }
+}
+
+void SimulatedDriver::swipe(const XCUIElement& element, SwipeDirection) {
+  Operation("swipe", element).fail("this phone does not scroll yet");
+}
+
+void SimulatedDriver::tap(const XCUICoordinate& point) {
+  touch({"tap", point}, point, Seconds::zero());
+}
+
+void SimulatedDriver::press(const XCUICoordinate& point, Seconds duration) {
+  touch({"press", point}, point, duration);
+}
+
+void SimulatedDriver::touch(const Operation& operation, const XCUICoordinate& point, Seconds duration) {
+  dealWithAlerts();
+  const Rect& frame = required(operation, point.referencedElement()).frame;
+  phone_.touch(pointAt(frame, point.normalizedOffset()), duration);
+}
+
+void SimulatedDriver::pressThenDrag(const XCUICoordinate& from, Seconds, const XCUICoordinate&) {
+  Operation("pressThenDrag", from).fail("this phone does not scroll yet");
+}
+
+void SimulatedDriver::pressButton(XCUIDeviceButton button) {
+  constexpr int ONE_STEP = 1;
+  switch (button) {
+    case XCUIDeviceButton::home:
+      phone_.pressHome();
+      break;
+    case XCUIDeviceButton::volumeUp:
+      phone_.changeVolume(ONE_STEP);
+      break;
+    case XCUIDeviceButton::volumeDown:
+      phone_.changeVolume(-ONE_STEP);
+      break;
+  }
+}
+
+std::optional<Data> SimulatedDriver::screenshot() {
+  if (!picture_ || pictureRevision_ != phone_.revision()) {
+    picture_ = painter_.png(phone_.layers());
+    pictureRevision_ = phone_.revision();
+  }
+  return picture_;
+}
+
+std::string SimulatedDriver::debugDescription(const XCUIElement& element) {
+  const Element* const existing = found({"debugDescription", element}, element);
+  if (existing == nullptr) {
+    return queryChain(element);
+  }
+  const auto* const application = std::get_if<ApplicationRoot>(&element.query().root());
+  const RunningApplication* const running =
+      phone_.running(application == nullptr ? phone_.description().home : application->bundleIdentifier);
+  return simulator::debugDescription(*existing, element, running->processIdentifier);
+}
+
+InterruptionMonitorToken SimulatedDriver::addInterruptionMonitor(std::string_view description,
+                                                                 InterruptionHandler handler) {
+  return monitors_.add(description, std::move(handler));
+}
+
+void SimulatedDriver::removeInterruptionMonitor(InterruptionMonitorToken token) {
+  monitors_.remove(token);
+}
+
+void SimulatedDriver::dealWithAlerts() {
+  monitors_.dealWith([this] { return blockingAlert(); });
+}
+
+std::optional<XCUIElement> SimulatedDriver::blockingAlert() {
+  const SystemAlert* const alert = phone_.alert();
+  if (alert == nullptr) {
+    return std::nullopt;
+  }
+  if (alertHandle_ == nullptr || alertHandleNumber_ != alert->number) {
+    alertHandle_ = std::make_shared<const AlertHandle>(*alert);
+    alertHandleNumber_ = alert->number;
+  }
+  return XCUIElement(QueryRoot(alertHandle_));
+}
+
+}  // namespace quobrak::simulator

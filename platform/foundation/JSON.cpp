@@ -1,0 +1,297 @@
+#include "platform/foundation/JSON.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <limits>
+#include <nlohmann/json.hpp>
+#include <utility>
+
+namespace quobrak {
+
+namespace {
+
+// Comparing, encoding and releasing a value recurse, so its depth has to fit the stack.
+constexpr std::size_t MAXIMUM_NESTING = 500;
+
+constexpr int NUMBER_OVERFLOW_ID = 406;
+
+std::string placeOfMember(const std::string& place, std::string_view key) {
+  return place.empty() ? std::string(key) : place + '.' + std::string(key);
+}
+
+std::string placeOfElement(const std::string& place, std::size_t index) {
+  return place + '[' + std::to_string(index) + ']';
+}
+
+[[noreturn]] void failAt(const std::string& place, const std::string& reason) {
+  throw DecodingError((place.empty() ? "the document" : place) + ": " + reason);
+}
+
+// The column counts characters, so continuation bytes are left out.
+[[noreturn]] void failAtOffset(std::string_view text, std::size_t offset) {
+  const std::string_view before = text.substr(0, offset);
+  const std::string_view line = before.substr(before.rfind('\n') + 1);
+  const auto column = std::count_if(line.begin(), line.end(),
+                                    [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80; });
+  const std::string reason = offset < text.size() ? "unexpected character" : "the text ends too early";
+  throw DecodingError("line " + std::to_string(std::count(before.begin(), before.end(), '\n') + 1) + ", column " +
+                      std::to_string(column + 1) + ": " + reason);
+}
+
+// Builds the value from the parser's events. The parser keeps its own stack, so nesting costs no stack of the thread.
+class ValueBuilder final : public nlohmann::json_sax<nlohmann::json> {
+ public:
+  explicit ValueBuilder(std::string_view text) : text_(text) {}
+
+  JSONValue takeResult() { return std::move(result_); }
+
+  bool null() override { return add({}); }
+  bool boolean(bool value) override { return add(value); }
+  bool number_integer(number_integer_t value) override { return add(value); }
+
+  bool number_unsigned(number_unsigned_t value) override {
+    if (value > static_cast<number_unsigned_t>(std::numeric_limits<std::int64_t>::max())) {
+      failNumberTooLarge();
+    }
+    return add(static_cast<std::int64_t>(value));
+  }
+
+  // An integer beyond 64 bits arrives here as well; its text tells it from a floating-point number.
+  bool number_float(number_float_t value, const string_t& digits) override {
+    if (digits.find_first_of(".eE") == string_t::npos) {
+      failNumberTooLarge();
+    }
+    return add(value);
+  }
+
+  bool string(string_t& value) override { return add(std::move(value)); }
+
+  bool binary(binary_t&) override { throw std::logic_error("JSON texts hold no binary values"); }
+
+  bool start_object(std::size_t) override { return open<JSONValue::Object>(); }
+
+  bool key(string_t& value) override {
+    open_.back().key = std::move(value);
+    return true;
+  }
+
+  bool end_object() override { return close<JSONValue::Object>(); }
+  bool start_array(std::size_t) override { return open<JSONValue::Array>(); }
+  bool end_array() override { return close<JSONValue::Array>(); }
+
+  bool parse_error(std::size_t position, const std::string&, const nlohmann::json::exception& error) override {
+    if (error.id == NUMBER_OVERFLOW_ID) {
+      failNumberTooLarge();
+    }
+    failAtOffset(text_, position - 1);
+  }
+
+ private:
+  // An array or object whose end has not been read yet.
+  struct Container {
+    std::variant<JSONValue::Array, JSONValue::Object> items;
+    std::string key;  // of the member that comes next, in an object
+  };
+
+  bool add(JSONValue value) {
+    if (open_.empty()) {
+      result_ = std::move(value);
+    } else if (auto* array = std::get_if<JSONValue::Array>(&open_.back().items)) {
+      array->push_back(std::move(value));
+    } else {
+      std::get<JSONValue::Object>(open_.back().items).insert_or_assign(open_.back().key, std::move(value));
+    }
+    return true;
+  }
+
+  template <typename Items>
+  bool open() {
+    if (open_.size() == MAXIMUM_NESTING) {
+      failAt("", "nested deeper than " + std::to_string(MAXIMUM_NESTING) + " levels");
+    }
+    open_.emplace_back().items.template emplace<Items>();
+    return true;
+  }
+
+  template <typename Items>
+  bool close() {
+    Items items = std::get<Items>(std::move(open_.back().items));
+    open_.pop_back();
+    return add(std::move(items));
+  }
+
+  [[noreturn]] void failNumberTooLarge() const {
+    std::string place;
+    for (const Container& container : open_) {
+      const auto* array = std::get_if<JSONValue::Array>(&container.items);
+      place = array != nullptr ? placeOfElement(place, array->size()) : placeOfMember(place, container.key);
+    }
+    failAt(place, "the number is too large");
+  }
+
+  std::string_view text_;
+  std::vector<Container> open_;
+  JSONValue result_;
+};
+
+nlohmann::json writable(const JSONValue& value);
+
+struct Writable {
+  nlohmann::json operator()(double value) const {
+    if (!std::isfinite(value)) {
+      throw std::runtime_error("JSON has no number that is not finite.");
+    }
+    return value;
+  }
+
+  nlohmann::json operator()(const JSONValue::Array& array) const {
+    nlohmann::json result = nlohmann::json::array();
+    for (const JSONValue& element : array) {
+      result.push_back(writable(element));
+    }
+    return result;
+  }
+
+  nlohmann::json operator()(const JSONValue::Object& object) const {
+    nlohmann::json result = nlohmann::json::object();
+    for (const auto& [key, member] : object) {
+      result[key] = writable(member);
+    }
+    return result;
+  }
+
+  template <typename Simple>
+  nlohmann::json operator()(const Simple& value) const {
+    return value;
+  }
+};
+
+nlohmann::json writable(const JSONValue& value) {
+  return std::visit(Writable(), value.variant());
+}
+
+std::string compactText(const nlohmann::json& document) {
+  try {
+    return document.dump();
+  } catch (const nlohmann::json::type_error&) {
+    throw std::runtime_error("A text to be written as JSON is not UTF-8.");
+  }
+}
+
+std::string_view kindOf(const JSONValue& value) {
+  struct Kind {
+    std::string_view operator()(std::nullptr_t) const { return "null"; }
+    std::string_view operator()(bool) const { return "a truth value"; }
+    std::string_view operator()(std::int64_t) const { return "a number"; }
+    std::string_view operator()(double) const { return "a number"; }
+    std::string_view operator()(const std::string&) const { return "a text"; }
+    std::string_view operator()(const JSONValue::Array&) const { return "an array"; }
+    std::string_view operator()(const JSONValue::Object&) const { return "an object"; }
+  };
+  return std::visit(Kind(), value.variant());
+}
+
+bool isWholeNumber(double number) {
+  constexpr double LIMIT = 9223372036854775808.0;  // 2 to the 63rd
+  return number >= -LIMIT && number < LIMIT && std::trunc(number) == number;
+}
+
+}  // namespace
+
+std::string JSONEncoder::encode(const JSONValue& value) {
+  const std::string text = compactText(writable(value));
+  // Outside of texts JSON knows no "/", so each one is a character of a text.
+  std::string result;
+  result.reserve(text.size());
+  for (const char character : text) {
+    if (character == '/') {
+      result += '\\';
+    }
+    result += character;
+  }
+  return result;
+}
+
+JSONValue JSONDecoder::decode(std::string_view text) {
+  ValueBuilder builder(text);
+  nlohmann::json::sax_parse(text, &builder);
+  // The parser takes a NUL after the value for the end of the text.
+  if (const std::size_t nul = text.find('\0'); nul != std::string_view::npos) {
+    failAtOffset(text, nul);
+  }
+  return builder.takeResult();
+}
+
+JSONReader JSONReader::member(std::string_view key) const {
+  const std::optional<JSONReader> found = optionalMember(key);
+  if (!found) {
+    failAt(placeOfMember(place_, key), "missing");
+  }
+  return *found;
+}
+
+std::optional<JSONReader> JSONReader::optionalMember(std::string_view key) const {
+  const auto* object = std::get_if<JSONValue::Object>(&value_->variant());
+  if (object == nullptr) {
+    failExpecting("an object");
+  }
+  const auto found = object->find(key);
+  if (found == object->end()) {
+    return std::nullopt;
+  }
+  return JSONReader(found->second, placeOfMember(place_, key));
+}
+
+std::vector<std::pair<std::string, JSONReader>> JSONReader::members() const {
+  const auto* object = std::get_if<JSONValue::Object>(&value_->variant());
+  if (object == nullptr) {
+    failExpecting("an object");
+  }
+  std::vector<std::pair<std::string, JSONReader>> result;
+  for (const auto& [key, member] : *object) {
+    result.emplace_back(key, JSONReader(member, placeOfMember(place_, key)));
+  }
+  return result;
+}
+
+std::vector<JSONReader> JSONReader::elements() const {
+  const auto* array = std::get_if<JSONValue::Array>(&value_->variant());
+  if (array == nullptr) {
+    failExpecting("an array");
+  }
+  std::vector<JSONReader> result;
+  for (const JSONValue& element : *array) {
+    result.push_back(JSONReader(element, placeOfElement(place_, result.size())));
+  }
+  return result;
+}
+
+std::int64_t JSONReader::integer() const {
+  if (const auto* integer = std::get_if<std::int64_t>(&value_->variant())) {
+    return *integer;
+  }
+  const auto* number = std::get_if<double>(&value_->variant());
+  if (number == nullptr || !isWholeNumber(*number)) {
+    failExpecting("a whole number");
+  }
+  return static_cast<std::int64_t>(*number);
+}
+
+std::string JSONReader::text() const {
+  const auto* text = std::get_if<std::string>(&value_->variant());
+  if (text == nullptr) {
+    failExpecting("a text");
+  }
+  return *text;
+}
+
+void JSONReader::fail(const std::string& reason) const {
+  failAt(place_, reason);
+}
+
+void JSONReader::failExpecting(std::string_view expected) const {
+  failAt(place_, "expected " + std::string(expected) + ", found " + std::string(kindOf(*value_)));
+}
+
+}  // namespace quobrak

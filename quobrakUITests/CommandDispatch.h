@@ -1,0 +1,13 @@
+#pragma once
+
+#include <span>
+
+#include "quobrakUITests/CommandRow.h"
+
+namespace quobrak {
+
+/// Runs the command that field 0 names, exactly. Throws `FWKTError::fdslError` where the table has no such command, and
+/// what the command raises. Fatal where there are no fields.
+void dispatchCommand(std::span<const CommandRow> table, FunctionParameters fields);
+
+}  // namespace quobrak

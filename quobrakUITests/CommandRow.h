@@ -1,0 +1,119 @@
+#pragma once
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <tuple>
+#include <utility>
+#include <variant>
+
+#include "platform/foundation/FatalError.h"
+#include "quobrakUITests/Parameters.h"
+
+/// What a row of the command table is made of. A command is one row; dispatch, and whatever explains or checks
+/// commands, read the rows.
+namespace quobrak {
+
+/// What an argument counts or means.
+enum class Unit { text, milliseconds, percent, points, count, truthValue };
+
+/// The value that stands in for an absent field; none where the field is required.
+using ArgumentDefault = std::variant<std::monostate, std::int64_t, bool>;
+
+/// One argument of a command, in words.
+struct ArgumentInfo {
+  /// The field that holds it, counted from 0, where field 0 is the command's name.
+  std::size_t field = 0;
+  std::string_view label;
+  Unit unit = Unit::text;
+  ArgumentDefault defaultValue;
+};
+
+/// A text that can be a template argument.
+template <std::size_t Size>
+struct FixedText {
+  // NOLINTNEXTLINE(google-explicit-constructor): a literal is meant to become one unasked.
+  constexpr FixedText(const char (&literal)[Size]) { std::copy_n(literal, Size, characters.begin()); }
+  constexpr std::string_view view() const { return {characters.data(), Size - 1}; }
+  std::array<char, Size> characters{};
+};
+
+/// An argument that is a field as it stands. An absent field is a programming error of the script: fatal.
+template <std::size_t Field, FixedText Label, Unit UnitOfValue = Unit::text>
+struct DirectField {
+  static constexpr ArgumentInfo INFO{Field, Label.view(), UnitOfValue, {}};
+
+  static std::string read(FunctionParameters fields) {
+    if (Field >= fields.size()) {
+      fatalError("Index out of range: the field " + std::to_string(Field) + " (" + std::string(Label.view()) +
+                 ") is missing");
+    }
+    return std::string(fields[Field]);
+  }
+};
+
+/// An argument that a getter of `Parameters` reads and checks.
+template <auto Getter, std::size_t Field, FixedText Label, Unit UnitOfValue, auto Default = std::monostate{}>
+struct CheckedField {
+  static constexpr ArgumentInfo INFO{Field, Label.view(), UnitOfValue, ArgumentDefault(Default)};
+
+  static auto read(FunctionParameters fields) { return Getter(fields, Field); }
+};
+
+/// One command.
+struct CommandRow {
+  static constexpr std::size_t MOST_ARGUMENTS = 3;
+
+  std::string_view name;
+  /// What the command does, in one line.
+  std::string_view summary;
+  std::array<ArgumentInfo, MOST_ARGUMENTS> argumentInfos;
+  std::size_t argumentCount;
+  /// Reads the arguments from the fields, from left to right, all of them, and then carries the command out.
+  void (*run)(FunctionParameters fields);
+
+  constexpr std::span<const ArgumentInfo> arguments() const { return {argumentInfos.data(), argumentCount}; }
+};
+
+template <auto Operation, class... Arguments>
+void runCommand([[maybe_unused]] FunctionParameters fields) {
+  // Braces, because they alone promise the order from left to right.
+  std::tuple<decltype(Arguments::read(fields))...> values{Arguments::read(fields)...};
+  std::apply(Operation, std::move(values));
+}
+
+/// The row of a command that calls `Operation` with its arguments, in the order of the operation's parameters.
+template <auto Operation, class... Arguments>
+constexpr CommandRow command(std::string_view name, std::string_view summary) {
+  static_assert(sizeof...(Arguments) <= CommandRow::MOST_ARGUMENTS);
+  return {name, summary, {Arguments::INFO...}, sizeof...(Arguments), &runCommand<Operation, Arguments...>};
+}
+
+enum class TableFault { none, wrongNumberOfRows, emptyName, duplicateName, emptySummary };
+
+/// What is wrong with a table, for a `static_assert` beside it: a wrong table does not compile.
+constexpr TableFault tableFault(std::span<const CommandRow> rows, std::size_t announcedRows) {
+  if (rows.size() != announcedRows) {
+    return TableFault::wrongNumberOfRows;
+  }
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    if (rows[i].name.empty()) {
+      return TableFault::emptyName;
+    }
+    if (rows[i].summary.empty()) {
+      return TableFault::emptySummary;
+    }
+    for (std::size_t j = 0; j < i; ++j) {
+      if (rows[i].name == rows[j].name) {
+        return TableFault::duplicateName;
+      }
+    }
+  }
+  return TableFault::none;
+}
+
+}  // namespace quobrak

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <cstdint>
+
+#include "platform/uiautomation/XCTestCase.h"
+
+namespace quobrak {
+
+/// Commands that act on the device itself.
+class Device : public XCTestCase {
+ public:
+  Device() = delete;
+
+  /// Blocks for that many milliseconds. Fatal above 4294967 (about 71.6 minutes), which is what one sleep can take, and
+  /// below 0.
+  static void pause(std::int64_t timeMillis);
+
+  static void pressHome();
+  static void pressVolumeUp();
+  static void pressVolumeDown();
+};
+
+}  // namespace quobrak

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+#include "platform/uiautomation/XCTestCase.h"
+#include "platform/uiautomation/XCUIElement.h"
+
+namespace quobrak {
+
+/// What to look for with `Find::findByText`.
+struct TextSearch {
+  std::string_view selector;
+  /// The rank among the matches, from 1.
+  std::int64_t nthElement;
+  /// Only elements in this state are found.
+  bool isEnabled;
+  /// Whether the selector is a regular expression for the whole text, rather than a part of it in any case.
+  bool isTextExact;
+};
+
+/// Finds one element of the application under test.
+class Find : public XCTestCase {
+ public:
+  Find() = delete;
+
+  /// The element whose label, identifier or placeholder has the text, remembered as the last element found. Throws
+  /// `FWKTError::fdslError` where there is none, or fewer than `nthElement`.
+  static XCUIElement findByText(const TextSearch& search);
+
+  /// The result of the last search that succeeded, by whichever script. A failed search leaves it as it was.
+  static std::optional<XCUIElement> lastElementFound;
+};
+
+/// Whether the element holds a static text whose label contains the text, in any case.
+bool labelContains(const XCUIElement& element, std::string_view text);
+
+}  // namespace quobrak

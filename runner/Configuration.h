@@ -1,0 +1,34 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace quobrak {
+
+/// Environment variables that cannot be used: a line for each fault, saying which variable, what it holds and what
+/// would be right.
+class ConfigurationError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+enum class ClockKind { system, virtualTime };
+
+/// How the test process runs off the phone, besides what the run itself is told.
+struct Configuration {
+  /// The Documents directory.
+  std::string documents;
+  /// The folder that describes the simulated phone; none for the built-in one.
+  std::optional<std::string> phone;
+  ClockKind clock;
+  /// The file, or "fd:N", that receives the trace; none for no trace.
+  std::optional<std::string> trace;
+};
+
+/// Reads the configuration from environment variables. Throws `ConfigurationError` with all faults.
+Configuration configurationFrom(const std::function<std::optional<std::string>(const std::string&)>& variable);
+
+}  // namespace quobrak

@@ -1,0 +1,129 @@
+#include "runner/TestProcess.h"
+
+#include <unistd.h>
+
+#include <csignal>
+#include <exception>
+#include <filesystem>
+#include <iomanip>
+#include <iostream>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "drivers/simulator/PhoneLoader.h"
+#include "drivers/simulator/SimulatedDriver.h"
+#include "platform/foundation/ConfinedFileManager.h"
+#include "platform/foundation/ProcessInfo.h"
+#include "platform/foundation/VirtualClock.h"
+#include "quobrakUITests/RunObserver.h"
+#include "quobrakUITests/quobrakUITests.h"
+#include "runner/TimedFileManager.h"
+#include "runner/Trace.h"
+#include "runner/TracingDriver.h"
+
+namespace quobrak {
+
+namespace {
+
+constexpr const char* TEST_NAME = "-[quobrakUITests testMain]";
+
+simulator::PhoneDescription loadPhone(const std::optional<std::string>& folder) {
+  if (folder) {
+    return simulator::loadPhone(simulator::FolderPhoneFiles(*folder));
+  }
+  return simulator::loadPhone(simulator::BuiltinPhoneFiles());
+}
+
+/// The Documents directory, made where it is missing.
+std::unique_ptr<FileManager> openDocuments(const std::string& path) {
+  std::error_code error;
+  std::filesystem::create_directories(path, error);
+  try {
+    return std::make_unique<ConfinedFileManager>(path);
+  } catch (const FileManagerError& unusable) {
+    throw ConfigurationError("QUOBRAK_DOCUMENTS is \"" + path + "\", which cannot be used: " + unusable.what());
+  }
+}
+
+/// The platform of one run, from the configuration. It must live as long as anything is run.
+class InstalledPlatform {
+ public:
+  explicit InstalledPlatform(const Configuration& configuration) {
+    // Everything that can be wrong comes first, and the Documents directory last of it, because that is made.
+    simulator::PhoneDescription phone = loadPhone(configuration.phone);
+    if (configuration.trace) {
+      output_.emplace(*configuration.trace);
+    }
+    std::unique_ptr<FileManager> files = openDocuments(configuration.documents);
+
+    if (configuration.clock == ClockKind::virtualTime) {
+      Clock::install(std::make_unique<VirtualClock>());
+      files = std::make_unique<TimedFileManager>(std::move(files), Clock::shared());
+    }
+    FileManager::install(std::move(files));
+    std::unique_ptr<UIDriver> driver = std::make_unique<simulator::SimulatedDriver>(std::move(phone), Clock::shared());
+    if (output_) {
+      driver = std::make_unique<TracingDriver>(std::move(driver), *output_);
+      trace_.emplace(*output_);
+      RunObserver::install(&*trace_);
+    }
+    UIDriver::install(std::move(driver));
+  }
+
+  ~InstalledPlatform() {
+    RunObserver::install(nullptr);
+    UIDriver::install(nullptr);
+  }
+
+  InstalledPlatform(const InstalledPlatform&) = delete;
+  InstalledPlatform& operator=(const InstalledPlatform&) = delete;
+
+ private:
+  std::optional<TraceOutput> output_;
+  std::optional<Trace> trace_;
+};
+
+ExitStatus runTest() {
+  quobrakUITests test;
+  test.setUpWithError();
+  std::cout << "Test Case '" << TEST_NAME << "' started." << std::endl;
+  const Clock::TimePoint start = Clock::shared().now();
+  ExitStatus status = ExitStatus::passed;
+  try {
+    test.testMain();
+  } catch (const std::exception& error) {
+    std::cerr << "error: " << TEST_NAME << " : failed: caught error: \"" << error.what() << '"' << std::endl;
+    status = ExitStatus::failed;
+  }
+  const Seconds duration = Clock::shared().now() - start;
+  test.tearDownWithError();
+  std::cout << "Test Case '" << TEST_NAME << "' " << (status == ExitStatus::passed ? "passed" : "failed") << " ("
+            << std::fixed << std::setprecision(3) << duration.count() << " seconds)." << std::endl;
+  return status;
+}
+
+}  // namespace
+
+ExitStatus runTestProcess() {
+  // A reader of the trace that goes away must not end the run.
+  std::signal(SIGPIPE, SIG_IGN);
+  std::optional<InstalledPlatform> platform;
+  try {
+    platform.emplace(configurationFrom(ProcessInfo::environmentVariable));
+  } catch (const ConfigurationError& error) {
+    std::cerr << "configuration error: " << error.what() << std::endl;
+    return ExitStatus::misconfigured;
+  } catch (const simulator::PhoneDescriptionError& error) {
+    std::cerr << "configuration error: " << error.what() << std::endl;
+    return ExitStatus::misconfigured;
+  }
+  // A write asks for its folder by its relative path, and on a phone the working directory is the root.
+  if (::chdir("/") != 0) {
+    std::cerr << "configuration error: the working directory cannot be changed to /" << std::endl;
+    return ExitStatus::misconfigured;
+  }
+  return runTest();
+}
+
+}  // namespace quobrak

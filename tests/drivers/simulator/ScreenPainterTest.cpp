@@ -1,0 +1,293 @@
+#include "drivers/simulator/ScreenPainter.h"
+
+#include "drivers/simulator/ElementArt.h"
+
+#include <gtest/gtest.h>
+#include <png.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <functional>
+#include <limits>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace quobrak::simulator {
+namespace {
+
+constexpr Size SCREEN{200, 300};
+constexpr double SCALE = 2;
+constexpr std::uint32_t WHITE_PIXEL = 0xFFFFFF;
+
+struct Picture {
+  std::size_t width = 0;
+  std::size_t height = 0;
+  std::vector<std::uint32_t> pixels;
+
+  std::uint32_t at(double x, double y) const {
+    return pixels[static_cast<std::size_t>(y * SCALE) * width + static_cast<std::size_t>(x * SCALE)];
+  }
+};
+
+Picture decoded(const Data& png) {
+  png_image image{};
+  image.version = PNG_IMAGE_VERSION;
+  EXPECT_NE(png_image_begin_read_from_memory(&image, png.data(), png.size()), 0) << image.message;
+  image.format = PNG_FORMAT_RGB;
+  std::vector<std::uint8_t> bytes(PNG_IMAGE_SIZE(image));
+  EXPECT_NE(png_image_finish_read(&image, nullptr, bytes.data(), 0, nullptr), 0) << image.message;
+  Picture picture{image.width, image.height, {}};
+  for (std::size_t at = 0; at < bytes.size(); at += 3) {
+    picture.pixels.push_back(static_cast<std::uint32_t>(bytes[at] << 16U | bytes[at + 1] << 8U | bytes[at + 2]));
+  }
+  return picture;
+}
+
+Picture pictureOf(std::span<const Element* const> layers) {
+  const std::optional<Data> png = ScreenPainter(SCREEN, SCALE).png(layers);
+  EXPECT_TRUE(png.has_value());
+  return png ? decoded(*png) : Picture{};
+}
+
+Picture pictureOf(const Element& root) {
+  const Element* const layers[] = {&root};
+  return pictureOf(layers);
+}
+
+std::unique_ptr<Element> emptyScreen() {
+  auto root = std::make_unique<Element>(ElementType::application);
+  root->frame = {{0, 0}, SCREEN};
+  return root;
+}
+
+Element& add(Element& parent, ElementType type, const Rect& frame, const std::string& label = "") {
+  Element& element = parent.append(type);
+  element.frame = frame;
+  element.label = label;
+  return element;
+}
+
+bool isInside(const Rect& frame, std::size_t x, std::size_t y) {
+  const double left = static_cast<double>(x) / SCALE;
+  const double top = static_cast<double>(y) / SCALE;
+  return left >= frame.origin.x && left < frame.origin.x + frame.size.width && top >= frame.origin.y &&
+         top < frame.origin.y + frame.size.height;
+}
+
+// How many pixels differ inside the frame, and outside it.
+struct Differences {
+  int inside = 0;
+  int outside = 0;
+};
+
+Differences differences(const Picture& one, const Picture& other, const Rect& frame) {
+  Differences result;
+  EXPECT_EQ(one.pixels.size(), other.pixels.size());
+  for (std::size_t number = 0; number < std::min(one.pixels.size(), other.pixels.size()); ++number) {
+    if (one.pixels[number] != other.pixels[number]) {
+      ++(isInside(frame, number % one.width, number / one.width) ? result.inside : result.outside);
+    }
+  }
+  return result;
+}
+
+constexpr Rect MIDDLE{{20, 100}, {160, 50}};
+
+// What adding the element changes on an empty screen.
+Differences changesOf(ElementType type, const Rect& frame, const std::function<void(Element&)>& adapt) {
+  const auto root = emptyScreen();
+  const Picture before = pictureOf(*root);
+  adapt(add(*root, type, frame));
+  return differences(before, pictureOf(*root), frame);
+}
+
+TEST(ScreenPainter, DrawsAnEmptyTreeAsAPlainPictureOfTheScreensSize) {
+  const Picture picture = pictureOf(*emptyScreen());
+
+  EXPECT_EQ(picture.width, 400U);
+  EXPECT_EQ(picture.height, 600U);
+  EXPECT_EQ(std::count(picture.pixels.begin(), picture.pixels.end(), WHITE_PIXEL), 400 * 600);
+}
+
+TEST(ScreenPainter, DrawsEqualTreesAsTheSameBytes) {
+  const auto one = emptyScreen();
+  add(*one, ElementType::button, MIDDLE, "Browse products");
+  const auto other = one->copy();
+  const Element* const ofOne[] = {one.get()};
+  const Element* const ofOther[] = {other.get()};
+
+  EXPECT_EQ(ScreenPainter(SCREEN, SCALE).png(ofOne), ScreenPainter(SCREEN, SCALE).png(ofOther));
+}
+
+TEST(ScreenPainter, GivesNoneForAScreenWithoutExtent) {
+  EXPECT_EQ(ScreenPainter({0, 300}, SCALE).png({}), std::nullopt);
+  EXPECT_EQ(ScreenPainter(SCREEN, std::numeric_limits<double>::quiet_NaN()).png({}), std::nullopt);
+}
+
+TEST(ScreenPainter, PaintsEveryKindThatHasArtInsideItsFrameOnly) {
+  for (unsigned number = 0; number <= static_cast<unsigned>(ElementType::statusItem); ++number) {
+    const auto type = static_cast<ElementType>(number);
+    const bool dims = type == ElementType::alert || type == ElementType::sheet || type == ElementType::dialog;
+    const Differences changes = changesOf(type, MIDDLE, [](Element& element) {
+      element.label = "Label";
+      element.value = "50%";
+    });
+    EXPECT_EQ(changes.inside > 0, painting::drawingOf(type) != nullptr) << nameOf(type);
+    EXPECT_EQ(changes.outside > 0, dims || type == ElementType::icon) << nameOf(type);
+  }
+}
+
+TEST(ScreenPainter, ChangesOnlyTheFrameOfAnElementWithAnotherLabel) {
+  for (const ElementType type : {ElementType::button, ElementType::staticText, ElementType::cell, ElementType::key,
+                                 ElementType::navigationBar, ElementType::icon, ElementType::link}) {
+    const auto root = emptyScreen();
+    Element& element = add(*root, type, {{33.3, 100.1}, {90.7, 44.9}}, "Before");
+    const Picture before = pictureOf(*root);
+    element.label = "A very much longer label, which does not fit into the frame";
+    const Rect wholePixels{{33, 100}, {91, 45}};
+    const Differences changes = differences(before, pictureOf(*root), wholePixels);
+    EXPECT_GT(changes.inside, 0) << nameOf(type);
+    EXPECT_EQ(changes.outside, 0) << nameOf(type);
+  }
+}
+
+TEST(ScreenPainter, DrawsNothingForFramesThatCannotBeSeen) {
+  constexpr double INFINITE = std::numeric_limits<double>::infinity();
+  constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
+  const struct {
+    std::string name;
+    Rect frame;
+  } rows[] = {
+      {"right of the screen", {{200, 100}, {50, 50}}},  {"below the screen", {{20, 300}, {50, 50}}},
+      {"left of the screen", {{-50, 100}, {50, 50}}},   {"above the screen", {{20, -50}, {50, 50}}},
+      {"without width", {{20, 100}, {0, 50}}},          {"of negative height", {{20, 100}, {50, -50}}},
+      {"infinitely wide", {{20, 100}, {INFINITE, 50}}}, {"nowhere", {{NOT_A_NUMBER, 100}, {50, 50}}},
+  };
+  for (const auto& row : rows) {
+    for (const ElementType type : {ElementType::button, ElementType::image, ElementType::alert}) {
+      const Differences changes = changesOf(type, row.frame, [](Element& element) { element.label = "Label"; });
+      EXPECT_EQ(changes.inside + changes.outside, 0) << nameOf(type) << " " << row.name;
+    }
+  }
+}
+
+TEST(ScreenPainter, DrawsTheVisiblePartOfAnEnormousElement) {
+  const Rect enormous{{-1e300, 100}, {2e300, 1e300}};
+
+  const Differences changes = changesOf(ElementType::map, enormous, [](Element&) {});
+
+  EXPECT_GT(changes.inside, 0);
+  EXPECT_EQ(changes.outside, 0);
+}
+
+TEST(ScreenPainter, DrawsNothingOutsideAScrollViewThatHoldsIt) {
+  for (const ElementType type :
+       {ElementType::scrollView, ElementType::table, ElementType::collectionView, ElementType::webView}) {
+    const auto root = emptyScreen();
+    Element& view = add(*root, type, MIDDLE);
+    const Picture before = pictureOf(*root);
+    add(view, ElementType::image, {{40, 80}, {40, 200}});
+    const Differences changes = differences(before, pictureOf(*root), MIDDLE);
+    EXPECT_GT(changes.inside, 0) << nameOf(type);
+    EXPECT_EQ(changes.outside, 0) << nameOf(type);
+  }
+}
+
+TEST(ScreenPainter, DimsAllThatIsBehindAnAlert) {
+  const auto app = emptyScreen();
+  const auto system = emptyScreen();
+  add(*system, ElementType::alert, MIDDLE, "Sold out");
+  const Element* const layers[] = {app.get(), system.get()};
+
+  const Picture picture = pictureOf(layers);
+
+  EXPECT_EQ(picture.at(1, 1), 0x999999U);
+  EXPECT_EQ(picture.at(199, 299), 0x999999U);
+  EXPECT_EQ(picture.at(100, 145), 0xF6F6F7U);
+}
+
+TEST(ScreenPainter, DrawsLaterLayersInFront) {
+  const auto behind = emptyScreen();
+  add(*behind, ElementType::keyboard, MIDDLE);
+  const auto inFront = emptyScreen();
+  add(*inFront, ElementType::table, MIDDLE);
+  const Element* const layers[] = {behind.get(), inFront.get()};
+
+  EXPECT_EQ(pictureOf(layers).pixels, pictureOf(*inFront).pixels);
+}
+
+TEST(ScreenPainter, DrawsABoxForACharacterThatTheFontLacks) {
+  const auto changes = [](const std::string& label) {
+    return changesOf(ElementType::staticText, MIDDLE, [&](Element& element) { element.label = label; }).inside;
+  };
+
+  EXPECT_GT(changes("日"), 0);
+  EXPECT_EQ(changes("日"), changes("本"));
+  EXPECT_GT(changes("\xFF"), 0);
+  EXPECT_EQ(changes(" "), 0);
+}
+
+TEST(ScreenPainter, DrawsAnElementDifferentlyInEachOfItsStates) {
+  const struct {
+    std::string name;
+    ElementType type;
+    std::function<void(Element&)> change;
+  } rows[] = {
+      {"disabled button", ElementType::button, [](Element& element) { element.isEnabled = false; }},
+      {"disabled text", ElementType::staticText, [](Element& element) { element.isEnabled = false; }},
+      {"selected cell", ElementType::cell, [](Element& element) { element.isSelected = true; }},
+      {"switch that is on", ElementType::switchControl, [](Element& element) { element.value = "1"; }},
+      {"slider further on", ElementType::slider, [](Element& element) { element.value = "70%"; }},
+      {"typed text", ElementType::textField, [](Element& element) { element.value = "typed"; }},
+      {"focused field", ElementType::textField, [](Element& element) { element.hasKeyboardFocus = true; }},
+      {"page indicator", ElementType::pageIndicator, [](Element& element) { element.value = "page 2 of 3"; }},
+  };
+  for (const auto& row : rows) {
+    const auto root = emptyScreen();
+    Element& element = add(*root, row.type, MIDDLE, "Label");
+    const Picture before = pictureOf(*root);
+    row.change(element);
+    EXPECT_GT(differences(before, pictureOf(*root), MIDDLE).inside, 0) << row.name;
+  }
+}
+
+TEST(ScreenPainter, DrawsASecureFieldsValueAsBullets) {
+  const auto root = emptyScreen();
+  Element& field = add(*root, ElementType::secureTextField, MIDDLE);
+  field.value = "secret";
+  const Picture secret = pictureOf(*root);
+  field.value = "öthers";
+
+  EXPECT_EQ(pictureOf(*root).pixels, secret.pixels);
+}
+
+TEST(ScreenPainter, DrawsAValueThatIsThePlaceholderAsThePlaceholder) {
+  const auto root = emptyScreen();
+  Element& field = add(*root, ElementType::textField, MIDDLE);
+  field.placeholder = "Name";
+  const Picture empty = pictureOf(*root);
+  field.value = "Name";
+
+  EXPECT_EQ(pictureOf(*root).pixels, empty.pixels);
+}
+
+TEST(ScreenPainter, DoesNotDrawALabelAgainThatStandsInATextBelow) {
+  for (const ElementType type :
+       {ElementType::button, ElementType::cell, ElementType::navigationBar, ElementType::alert, ElementType::link}) {
+    const auto root = emptyScreen();
+    Element& element = add(*root, type, MIDDLE, "Label");
+    add(element, ElementType::staticText, {{25, 105}, {60, 20}}, "Label");
+    const Picture labelled = pictureOf(*root);
+    element.children().front()->frame = {};
+    const Picture withoutText = pictureOf(*root);
+    EXPECT_GT(differences(labelled, withoutText, {{25, 105}, {60, 20}}).inside, 0) << nameOf(type);
+    EXPECT_EQ(differences(labelled, withoutText, {{25, 105}, {60, 20}}).outside, 0) << nameOf(type);
+  }
+}
+
+}  // namespace
+}  // namespace quobrak::simulator
