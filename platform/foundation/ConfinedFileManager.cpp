@@ -256,14 +256,19 @@ std::string absolutePath(const std::string& path) {
   return fs::absolute(path).string();
 }
 
-// Where the path leads, free of dots and links; fails with EACCES where that is outside the root or reads as if it
-// were.
-std::string confined(const std::string& root, const std::string& path, LastLink lastLink) {
-  const std::string absolute = absolutePath(path);
+// The absolute path; fails with EACCES where it reads as if it led to outside the root.
+std::string lexicallyConfined(const std::string& root, const std::string& path) {
+  std::string absolute = absolutePath(path);
   if (!isInside(root, fs::path(absolute).lexically_normal().string())) {
     fail(EACCES);
   }
-  return PathWalk(root, absolute, lastLink).destination();
+  return absolute;
+}
+
+// Where the path leads, free of dots and links; fails with EACCES where that is outside the root or reads as if it
+// were.
+std::string confined(const std::string& root, const std::string& path, LastLink lastLink) {
+  return PathWalk(root, lexicallyConfined(root, path), lastLink).destination();
 }
 
 // The permissions of a file that is about to be replaced; none where there is no file yet.
@@ -358,10 +363,12 @@ void ConfinedFileManager::removeItem(const std::string& path) {
 
 void ConfinedFileManager::createDirectory(const std::string& path) {
   reporting(FileOperation::saving, path, [&] {
-    const std::string target = confined(root_, path, LastLink::followed);
-    for (std::size_t end = root_.size(); end < target.size();) {
-      end = std::min(target.find('/', end + 1), target.size());
-      ensureFolder(target.substr(0, end));
+    const std::string absolute = lexicallyConfined(root_, path);
+    // From the root on, folder by folder as written, so that a ".." finds the folder before it.
+    for (std::size_t end = std::min(root_.size(), absolute.size()); end < absolute.size();) {
+      end = std::min(absolute.find('/', end + 1), absolute.size());
+      const std::string folder = absolute.substr(0, end);
+      reporting(FileOperation::saving, folder, [&] { ensureFolder(confined(root_, folder, LastLink::followed)); });
     }
   });
 }
