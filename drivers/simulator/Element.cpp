@@ -1,5 +1,6 @@
 #include "drivers/simulator/Element.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace quobrak::simulator {
@@ -9,8 +10,13 @@ Element& Element::append(std::unique_ptr<Element> child) {
   return *children_.emplace_back(std::move(child));
 }
 
-void Element::remove(const Element& child) {
-  std::erase_if(children_, [&child](const auto& candidate) { return candidate.get() == &child; });
+std::unique_ptr<Element> Element::remove(const Element& child) {
+  const auto found = std::find_if(children_.begin(), children_.end(),
+                                  [&child](const auto& candidate) { return candidate.get() == &child; });
+  std::unique_ptr<Element> removed = std::move(*found);
+  children_.erase(found);
+  removed->parent_ = nullptr;
+  return removed;
 }
 
 std::unique_ptr<Element> Element::copy() const {

@@ -29,7 +29,7 @@ class Element {
   const std::vector<std::unique_ptr<Element>>& children() const { return children_; }
 
   /// Takes a child out. It must be one.
-  void remove(const Element& child);
+  std::unique_ptr<Element> remove(const Element& child);
 
   /// The tree above it is not copied: the copy is a root.
   std::unique_ptr<Element> copy() const;
@@ -53,10 +53,10 @@ class Element {
 /// Whether the element is `ancestor` or lies anywhere in it.
 bool isWithin(const Element& element, const Element& ancestor);
 
-/// Calls `visit` with every element below `root`, not with `root` itself, in document order. `root` may be const or not,
-/// and so is what `visit` receives.
+/// Calls `visit` with every element below `root`, not with `root` itself, in document order. `root` may be const or
+/// not, and so is what `visit` receives.
 template <class Root, class Visit>
-  requires std::same_as<std::remove_const_t<Root>, Element>
+requires std::same_as<std::remove_const_t<Root>, Element>
 void forEachDescendant(Root& root, const Visit& visit) {
   for (const auto& child : root.children()) {
     Root& element = *child;

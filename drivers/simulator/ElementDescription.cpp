@@ -1,5 +1,6 @@
 #include "drivers/simulator/ElementDescription.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <unordered_map>
@@ -30,8 +31,13 @@ void appendQuoted(std::string& text, std::string_view name, const std::string& v
 /// The first window of an application is its main one.
 bool isMainWindow(const Element& element) {
   const Element* const parent = element.parent();
-  return element.type == ElementType::window && parent != nullptr && parent->type == ElementType::application &&
-         parent->children().front().get() == &element;
+  if (parent == nullptr || parent->type != ElementType::application) {
+    return false;
+  }
+  const auto& siblings = parent->children();
+  const auto firstWindow = std::find_if(siblings.begin(), siblings.end(),
+                                        [](const auto& sibling) { return sibling->type == ElementType::window; });
+  return firstWindow != siblings.end() && firstWindow->get() == &element;
 }
 
 /// Stands in for the addresses that a phone shows: made from the element's place in its document, so that the same
@@ -51,8 +57,7 @@ class Addresses {
     constexpr unsigned long long FIRST = 0x100000000;
     constexpr unsigned long long DISTANCE = 0x40;
     std::array<char, 24> text{};
-    const int length =
-        std::snprintf(text.data(), text.size(), "0x%llx", FIRST + DISTANCE * places_.at(&element));
+    const int length = std::snprintf(text.data(), text.size(), "0x%llx", FIRST + DISTANCE * places_.at(&element));
     return {text.data(), static_cast<std::size_t>(length)};
   }
 

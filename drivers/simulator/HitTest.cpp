@@ -27,7 +27,7 @@ bool takesTouches(const Element& element) {
   }
 }
 
-/// An alert or a sheet takes every touch that is made while it is up, wherever it lands.
+/// An alert or a sheet takes every touch that nothing in front of it takes, wherever the touch lands.
 bool isModal(ElementType type) {
   return type == ElementType::alert || type == ElementType::sheet;
 }
@@ -40,13 +40,18 @@ const Element& rootOf(const Element& element) {
   return *root;
 }
 
-/// Keeps the front-most element at the point, and the walk's place.
+/// Keeps the front-most element at the point while it walks a tree. What comes later in the document lies in front.
 struct FrontMost {
   Point point;
   Rect screen;
+  /// The walk counts from this element on; what comes before it lies behind it.
+  const Element* from;
   const Element* found = nullptr;
 
   void visit(const Element& element, const Rect& clip) {
+    if (&element == from) {
+      found = nullptr;
+    }
     const Rect region = isModal(element.type) ? screen : intersection(element.frame, clip);
     if (takesTouches(element) && contains(region, point)) {
       found = &element;
@@ -58,35 +63,16 @@ struct FrontMost {
   }
 };
 
-/// Whether `later` comes after `earlier` in document order; neither is within the other.
-bool comesAfter(const Element& later, const Element& earlier) {
-  const Element* ancestor = later.parent();
-  while (ancestor != nullptr && !isWithin(earlier, *ancestor)) {
-    ancestor = ancestor->parent();
-  }
-  if (ancestor == nullptr) {
-    return false;
-  }
-  for (const auto& child : ancestor->children()) {
-    if (isWithin(earlier, *child)) {
-      return true;
-    }
-    if (isWithin(later, *child)) {
-      return false;
-    }
-  }
-  return false;
+const Element* frontMostAt(const Element& root, Point point, const Element& from) {
+  FrontMost frontMost{.point = point, .screen = root.frame, .from = &from};
+  frontMost.visit(root, root.frame);
+  return frontMost.found;
 }
 
 }  // namespace
 
 const Element* elementAt(const Element& root, Point point) {
-  if (!contains(root.frame, point)) {
-    return nullptr;
-  }
-  FrontMost frontMost{.point = point, .screen = root.frame};
-  frontMost.visit(root, root.frame);
-  return frontMost.found;
+  return contains(root.frame, point) ? frontMostAt(root, point, root) : nullptr;
 }
 
 Element* elementAt(Element& root, Point point) {
@@ -112,12 +98,8 @@ bool isHittable(const Element& element) {
   if (!point) {
     return false;
   }
-  const Element* const touched = elementAt(rootOf(element), *point);
-  if (touched == nullptr || isWithin(*touched, element)) {
-    return true;
-  }
-  // A container that takes no touches itself is covered only by what lies in front of it.
-  return !takesTouches(element) && !comesAfter(*touched, element);
+  const Element* const touched = frontMostAt(rootOf(element), *point, element);
+  return touched == nullptr || isWithin(*touched, element);
 }
 
 }  // namespace quobrak::simulator

@@ -16,7 +16,8 @@ Element* elementAt(Element& root, Point point);
 /// it. None where no part is.
 std::optional<Point> hitPoint(const Element& element);
 
-/// Whether a touch at the element's hit point lands on it or on something inside it.
+/// Whether the element has a hit point and nothing that lies in front of it, save what is inside it, takes a touch
+/// there.
 bool isHittable(const Element& element);
 
 }  // namespace quobrak::simulator

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <cstddef>
 #include <optional>
 #include <pugixml.hpp>
@@ -46,8 +47,8 @@ class PageSourceReader {
     const std::string_view before = xml_.substr(0, static_cast<std::size_t>(std::max<std::ptrdiff_t>(offset, 0)));
     const auto line = std::count(before.begin(), before.end(), '\n') + 1;
     const std::size_t lineStart = before.rfind('\n') + 1;
-    throw PageSourceError("line " + std::to_string(line) + ", column " +
-                          std::to_string(before.size() - lineStart + 1) + ": " + reason);
+    throw PageSourceError("line " + std::to_string(line) + ", column " + std::to_string(before.size() - lineStart + 1) +
+                          ": " + reason);
   }
 
   std::unique_ptr<Element> elementFrom(pugi::xml_node node, int depth) const {
@@ -104,7 +105,7 @@ class PageSourceReader {
     double value{};
     const char* const end = written.data() + written.size();
     const auto [parsedTo, error] = std::from_chars(written.data(), end, value);
-    if (error != std::errc{} || parsedTo != end) {
+    if (error != std::errc{} || parsedTo != end || std::isnan(value)) {
       fail(node.offset_debug(), std::string(attribute) + " is \"" + written + "\", but must be a number of points");
     }
     return value;

@@ -7,7 +7,6 @@
 #include "drivers/simulator/HitTest.h"
 #include "drivers/simulator/Queries.h"
 #include "drivers/simulator/Rectangles.h"
-#include "platform/foundation/PredicateEvaluator.h"
 #include "platform/uiautomation/Waiting.h"
 
 namespace quobrak::simulator {
@@ -32,7 +31,14 @@ struct Phone::EffectApplication {
 
   void operator()(const ShowScreen& effect) const {
     RunningApplication& application = phone.running_.at(bundleIdentifier);
-    application.screen = application.description->screens.at(effect.screen)->copy();
+    std::unique_ptr<Element> screen = application.description->screens.at(effect.screen)->copy();
+    if (&application == &phone.home()) {
+      // The alerts stay up, whatever the home screen shows behind them.
+      for (const SystemAlert& alert : phone.alerts_) {
+        screen->append(application.screen->remove(*alert.window));
+      }
+    }
+    application.screen = std::move(screen);
   }
 
   void operator()(const SetValue& effect) const { phone.values_[effect.name] = effect.text; }
@@ -172,10 +178,11 @@ bool Phone::behave(Element& touched) {
 
 void Phone::applyTapRules(const RunningApplication& application, const Element& touched) {
   static const std::function<bool(const Element&)> hittable = isHittable;
-  for (const Element* element = &touched; element != nullptr; element = element->parent()) {
+  // What is disabled takes the touch and does nothing, also where the touch is on something in it.
+  for (const Element* element = &touched; element != nullptr && element->isEnabled; element = element->parent()) {
     const ElementAttributes attributes(element, hittable);
     for (const Rule& rule : application.description->rules) {
-      if (rule.event == RuleEvent::tap && PredicateEvaluator(*rule.element).evaluate(attributes) && holds(rule)) {
+      if (rule.event == RuleEvent::tap && rule.element->evaluate(attributes) && holds(rule)) {
         apply(rule, application.description->bundleIdentifier);
         return;
       }

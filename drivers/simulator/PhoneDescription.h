@@ -10,7 +10,7 @@
 
 #include "drivers/simulator/AlertScreens.h"
 #include "drivers/simulator/Element.h"
-#include "platform/foundation/NSPredicate.h"
+#include "platform/foundation/PredicateEvaluator.h"
 #include "platform/uiautomation/Geometry.h"
 
 /// What a simulated phone is before it is switched on: the content of its folder, checked.
@@ -43,7 +43,7 @@ enum class RuleEvent { launch, tap };
 struct Rule {
   RuleEvent event;
   /// Which elements a tap is on; none for a launch.
-  std::optional<NSPredicate> element;
+  std::optional<PredicateEvaluator> element;
   /// Named values that must have these texts. One that was never set has the empty text.
   std::map<std::string, std::string> condition;
   std::vector<Effect> effects;

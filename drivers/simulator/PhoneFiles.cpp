@@ -1,7 +1,8 @@
 #include "drivers/simulator/PhoneFiles.h"
 
+#include <array>
+#include <cstddef>
 #include <fstream>
-#include <iterator>
 #include <string_view>
 
 #include "drivers/simulator/BuiltinFiles.h"
@@ -20,7 +21,11 @@ std::string BuiltinPhoneFiles::nameOf(const std::string& path) const {
 
 std::optional<std::string> FolderPhoneFiles::read(const std::string& path) const {
   std::ifstream file(nameOf(path), std::ios::binary);
-  std::string content{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+  std::string content;
+  // Read through the stream, which notes a failure, such as that of a folder of this name, in place of raising it.
+  for (std::array<char, 65536> part{}; file.read(part.data(), part.size()) || file.gcount() > 0;) {
+    content.append(part.data(), static_cast<std::size_t>(file.gcount()));
+  }
   return file.is_open() && !file.bad() ? std::optional(std::move(content)) : std::nullopt;
 }
 

@@ -6,7 +6,9 @@
 #include <string_view>
 
 #include "drivers/simulator/PageSource.h"
+#include "drivers/simulator/Queries.h"
 #include "platform/foundation/JSON.h"
+#include "platform/foundation/NSRegularExpression.h"
 
 namespace quobrak::simulator {
 
@@ -133,7 +135,7 @@ class ApplicationReader {
     requireKnownKeys(json, {"on", "element", "when", "do"});
     Rule rule{.event = readEvent(json.member("on")), .element = {}, .condition = {}, .effects = {}};
     if (rule.event == RuleEvent::tap) {
-      rule.element = readPredicate(json.member("element"));
+      rule.element.emplace(readPredicate(json.member("element")));
     } else if (const auto element = json.optionalMember("element")) {
       element->fail("a launch has no element");
     }
@@ -154,10 +156,16 @@ class ApplicationReader {
     return name == "launch" ? RuleEvent::launch : RuleEvent::tap;
   }
 
-  static NSPredicate readPredicate(const JSONReader& json) {
+  static PredicateEvaluator readPredicate(const JSONReader& json) {
     try {
-      return NSPredicate(json.text());
+      const NSPredicate predicate(json.text());
+      requireKnownAttributes(predicate);
+      return PredicateEvaluator(predicate);
     } catch (const PredicateFormatError& error) {
+      json.fail(error.what());
+    } catch (const RegularExpressionError& error) {
+      json.fail(error.what());
+    } catch (const UnknownAttributeError& error) {
       json.fail(error.what());
     }
   }
@@ -241,8 +249,9 @@ void readApplications(const PhoneFiles& files, const JSONReader& json, PhoneDesc
   for (const JSONReader& entry : json.elements()) {
     const std::string folder = nonEmptyText(entry);
     ApplicationReader reader(files, folder, phone.size);
-    ApplicationDescription application = readJSON(
-        files, folder + "/" + APPLICATION_FILE, [&reader](const JSONReader& document) { return reader.read(document); });
+    ApplicationDescription application =
+        readJSON(files, folder + "/" + APPLICATION_FILE,
+                 [&reader](const JSONReader& document) { return reader.read(document); });
     const std::string bundleIdentifier = application.bundleIdentifier;
     if (!phone.applications.emplace(bundleIdentifier, std::move(application)).second) {
       entry.fail("another application has the bundle identifier \"" + bundleIdentifier + "\" too");
@@ -269,8 +278,8 @@ void requireOpenedApplications(const PhoneFiles& files, const PhoneDescription& 
       for (const Effect& effect : rule.effects) {
         if (const auto* const open = std::get_if<OpenApplication>(&effect)) {
           requireApplication(phone, open->bundleIdentifier, [&](const std::string& reason) {
-            throw PhoneDescriptionError(files.nameOf(PHONE_FILE) + ": a rule of \"" + entry.first + "\" opens what is " +
-                                        "not there: " + reason);
+            throw PhoneDescriptionError(files.nameOf(PHONE_FILE) + ": a rule of \"" + entry.first +
+                                        "\" opens what is " + "not there: " + reason);
           });
         }
       }

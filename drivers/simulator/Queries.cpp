@@ -2,6 +2,8 @@
 
 #include <string>
 #include <unordered_set>
+#include <variant>
+
 namespace quobrak::simulator {
 
 namespace {
@@ -105,7 +107,25 @@ KeyValueSource::Value ElementAttributes::valueForKey(std::string_view key) const
   for (const Attribute& attribute : ATTRIBUTES) {
     known += std::string(attribute.key) + ", ";
   }
-  throw UnknownAttributeError("elements have no attribute \"" + std::string(key) + "\"; they have " + known + "hittable");
+  throw UnknownAttributeError("elements have no attribute \"" + std::string(key) + "\"; they have " + known +
+                              "hittable");
+}
+
+void requireKnownAttributes(const NSPredicate& predicate) {
+  if (const auto* const compound = std::get_if<NSPredicate::Compound>(&predicate.node())) {
+    for (const NSPredicate& part : compound->parts) {
+      requireKnownAttributes(part);
+    }
+    return;
+  }
+  const auto& comparison = std::get<NSPredicate::Comparison>(predicate.node());
+  const std::function<bool(const Element&)> never = [](const Element&) { return false; };
+  const ElementAttributes absent(nullptr, never);
+  for (const NSPredicate::Operand* const operand : {&comparison.left, &comparison.right}) {
+    if (const auto* const keyPath = std::get_if<NSPredicate::KeyPath>(operand)) {
+      absent.valueForKey(keyPath->name);
+    }
+  }
 }
 
 Elements QueryEvaluator::elements(const XCUIElementQuery& query, const Element& root) const {

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <stdexcept>
+#include <utility>
 #include <vector>
 
 #include "drivers/simulator/Element.h"
@@ -29,6 +30,10 @@ class ElementAttributes final : public KeyValueSource {
   const Element* element_;
   const std::function<bool(const Element&)>& isHittable_;
 };
+
+/// Throws `UnknownAttributeError` where the predicate asks for what elements do not have, whether or not its evaluation
+/// would ever come to that.
+void requireKnownAttributes(const NSPredicate& predicate);
 
 /// Evaluates queries over an element tree. Elements come in document order.
 class QueryEvaluator {

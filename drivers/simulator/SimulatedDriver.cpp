@@ -92,7 +92,8 @@ const Element* SimulatedDriver::rootOf(const QueryRoot& root) const {
     const RunningApplication* const running = phone_.running(application->bundleIdentifier);
     return running == nullptr ? nullptr : running->screen.get();
   }
-  const auto handle = std::dynamic_pointer_cast<const AlertHandle>(std::get<std::shared_ptr<const ElementHandle>>(root));
+  const auto handle =
+      std::dynamic_pointer_cast<const AlertHandle>(std::get<std::shared_ptr<const ElementHandle>>(root));
   const SystemAlert* const alert = phone_.alert();
   const bool isUp = handle != nullptr && alert != nullptr && alert->number == handle->number();
   return isUp ? &alert->alert() : nullptr;
@@ -158,8 +159,9 @@ bool SimulatedDriver::isHittable(const XCUIElement& element) {
 }
 
 XCTWaiterResult SimulatedDriver::waitForExistence(const XCUIElement& element, Seconds timeout) {
-  return waitUntil(clock_, timeout, POLL_INTERVAL,
-                   [&] { return found({"waitForExistence", element}, element) != nullptr; });
+  return waitUntil(clock_, timeout, POLL_INTERVAL, [&] {
+    return found({"waitForExistence", element}, element) != nullptr;
+  });
 }
 
 XCTWaiterResult SimulatedDriver::waitForPredicate(const XCUIElement& element, const NSPredicate& predicate,
@@ -187,7 +189,7 @@ void SimulatedDriver::touch(const Operation& operation, const XCUIElement& eleme
   if (!point) {
     operation.fail("no part of it is on the screen");
   }
-  phone_.touch(*point, duration);
+  operation.guarded([&] { phone_.touch(*point, duration); });
 }
 
 void SimulatedDriver::typeText(const XCUIElement& element, std::string_view text) {
@@ -213,7 +215,7 @@ void SimulatedDriver::press(const XCUICoordinate& point, Seconds duration) {
 void SimulatedDriver::touch(const Operation& operation, const XCUICoordinate& point, Seconds duration) {
   dealWithAlerts();
   const Rect& frame = required(operation, point.referencedElement()).frame;
-  phone_.touch(pointAt(frame, point.normalizedOffset()), duration);
+  operation.guarded([&] { phone_.touch(pointAt(frame, point.normalizedOffset()), duration); });
 }
 
 void SimulatedDriver::pressThenDrag(const XCUICoordinate& from, Seconds, const XCUICoordinate&) {

@@ -70,10 +70,15 @@ bool limitFileSize(std::uint64_t size) {
   return ::setrlimit(RLIMIT_FSIZE, &limit) == 0;
 }
 
+/// The descriptor under the number that the child knows it by; it stays open when the executable starts.
+bool passOn(int ours, int child) {
+  return ours == child ? ::fcntl(child, F_SETFD, 0) != -1 : ::dup2(ours, child) != -1;
+}
+
 bool prepareChild(const ProcessStart& start, int out, int err) {
   bool isReady = ::dup2(out, STDOUT_FILENO) != -1 && ::dup2(err, STDERR_FILENO) != -1;
   for (const auto& [child, ours] : start.descriptors) {
-    isReady = isReady && ::dup2(ours, child) != -1;
+    isReady = isReady && passOn(ours, child);
   }
   isReady = isReady && ::chdir(start.workingDirectory.c_str()) == 0;
   isReady = isReady && (!start.largestFile || limitFileSize(*start.largestFile));
