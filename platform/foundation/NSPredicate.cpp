@@ -3,11 +3,10 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
-#include <cstdint>
 #include <optional>
 #include <utility>
 
-#include "platform/foundation/Unicode.h"
+#include "platform/foundation/PredicateTokens.h"
 
 namespace quobrak {
 
@@ -22,20 +21,6 @@ bool isLetter(char character) {
 
 bool isDigit(char character) {
   return character >= '0' && character <= '9';
-}
-
-bool isHexadecimalDigit(char character) {
-  return isDigit(character) || (character >= 'a' && character <= 'f') || (character >= 'A' && character <= 'F');
-}
-
-/// Characters beyond ASCII are taken for letters, so that a fault names the whole word.
-bool isWordCharacter(char character) {
-  return isLetter(character) || isDigit(character) || character == '_' || character == '.' ||
-         static_cast<unsigned char>(character) >= 0x80;
-}
-
-bool isBlank(char character) {
-  return character == ' ' || (character >= '\t' && character <= '\r');
 }
 
 std::string uppercased(std::string_view word) {
@@ -80,200 +65,17 @@ bool isReserved(std::string_view uppercasedWord) {
   return std::find(WORDS.begin(), WORDS.end(), uppercasedWord) != WORDS.end();
 }
 
-/// A format and the words for what is wrong with it.
-class Format {
- public:
-  explicit Format(std::string_view text) : text_(text) {}
-
-  std::string_view text() const { return text_; }
-
-  std::size_t column(std::size_t position) const { return characterCount(text_.substr(0, position)) + 1; }
-
-  [[noreturn]] void fail(std::size_t position, std::string_view expected, std::string_view found) const {
-    std::string message = "column " + std::to_string(column(position)) + ": expected ";
-    message.append(expected).append(", found ").append(found).append(" in the predicate format: ").append(text_);
-    throw PredicateFormatError(message);
-  }
-
- private:
-  std::string_view text_;
-};
-
-std::string quoted(std::string_view source) {
-  std::string result = "\"";
-  return result.append(source).append("\"");
-}
-
-struct Token {
-  enum class Kind { end, word, text, symbol };
-
-  Kind kind;
-  std::size_t position;
-  std::string_view source;
-  /// What a text literal stands for.
-  std::string text;
-
-  std::string found() const {
-    switch (kind) {
-      case Kind::end:
-        return "the end";
-      case Kind::text:
-        return std::string(source);
-      case Kind::word:
-      case Kind::symbol:
-        return quoted(source);
-    }
-    return {};
-  }
-};
-
-/// Reads one text literal. \uXXXX is a UTF-16 unit, so that two of them can stand for one character.
-class TextLiteral {
- public:
-  /// At the opening quote.
-  TextLiteral(const Format& format, std::size_t position)
-      : format_(format), begin_(position), position_(position + 1) {}
-
-  std::string read() {
-    const char quote = at(begin_);
-    std::string result;
-    while (at(position_) != quote) {
-      if (position_ >= format_.text().size()) {
-        failUnclosed(quote);
-      }
-      if (at(position_) == '\\') {
-        result += escape();
-      } else {
-        result += at(position_++);
-      }
-    }
-    ++position_;
-    return result;
-  }
-
-  std::size_t end() const { return position_; }
-
- private:
-  char at(std::size_t position) const { return position < format_.text().size() ? format_.text()[position] : '\0'; }
-
-  [[noreturn]] void failUnclosed(char quote) const {
-    format_.fail(position_,
-                 std::string(1, quote) + " to close the text from column " + std::to_string(format_.column(begin_)),
-                 "the end");
-  }
-
-  std::string escape() {
-    const char name = at(position_ + 1);
-    if (name == 'u') {
-      return unicodeEscapes();
-    }
-    constexpr std::string_view NAMES = "\"'\\nrt";
-    constexpr std::string_view MEANINGS = "\"'\\\n\r\t";
-    const auto index = NAMES.find(name);
-    if (index == NAMES.npos) {
-      format_.fail(position_, R"(one of the escapes \" \' \\ \n \r \t \uXXXX)", found(2));
-    }
-    position_ += 2;
-    return std::string(1, MEANINGS[index]);
-  }
-
-  /// The escapes \uXXXX that follow one another, decoded together for the sake of the pairs among them.
-  std::string unicodeEscapes() {
-    const std::size_t begin = position_;
-    std::string bytes = "\xFE\xFF";
-    while (at(position_) == '\\' && at(position_ + 1) == 'u') {
-      const std::uint32_t unit = hexadecimalUnit();
-      bytes += static_cast<char>(unit >> 8U);
-      bytes += static_cast<char>(unit & 0xFFU);
-    }
-    const std::optional<std::string> text = decodedText(std::move(bytes));
-    if (!text) {
-      const std::string escapes(format_.text().substr(begin, position_ - begin));
-      format_.fail(begin, "whole characters", "half a surrogate pair in " + quoted(escapes));
-    }
-    return *text;
-  }
-
-  std::uint32_t hexadecimalUnit() {
-    constexpr std::size_t DIGITS = 4;
-    constexpr std::size_t PREFIX = 2;
-    const std::string digits(format_.text().substr(position_ + PREFIX, DIGITS));
-    if (digits.size() < DIGITS || !std::all_of(digits.begin(), digits.end(), isHexadecimalDigit)) {
-      format_.fail(position_, "four hexadecimal digits after \\u", found(PREFIX + DIGITS));
-    }
-    position_ += PREFIX + DIGITS;
-    return static_cast<std::uint32_t>(std::stoul(digits, nullptr, 16));
-  }
-
-  /// Cut at the end of the format, never inside a character.
-  std::string found(std::size_t bytes) const {
-    std::size_t end = std::min(position_ + bytes, format_.text().size());
-    while (end < format_.text().size() && (static_cast<unsigned char>(at(end)) & 0xC0U) == 0x80U) {
-      ++end;
-    }
-    return quoted(format_.text().substr(position_, end - position_));
-  }
-
-  const Format& format_;
-  std::size_t begin_;
-  std::size_t position_;
-};
-
-Token wordToken(std::string_view text, std::size_t begin) {
-  std::size_t end = begin;
-  while (end < text.size() && isWordCharacter(text[end])) {
-    ++end;
-  }
-  return {Token::Kind::word, begin, text.substr(begin, end - begin), {}};
-}
-
-Token textToken(const Format& format, std::size_t begin) {
-  TextLiteral literal(format, begin);
-  std::string text = literal.read();
-  return {Token::Kind::text, begin, format.text().substr(begin, literal.end() - begin), std::move(text)};
-}
-
-/// An operator's sign, an option in brackets, or whatever other single character stands there.
-Token symbolToken(std::string_view text, std::size_t begin) {
-  constexpr std::array<std::string_view, 5> PAIRS = {"==", "!=", "&&", "||", "%@"};
-  const std::string_view rest = text.substr(begin);
-  std::size_t length = 1;
-  if (std::find(PAIRS.begin(), PAIRS.end(), rest.substr(0, 2)) != PAIRS.end()) {
-    length = 2;
-  } else if (rest.front() == '[' && rest.find(']') != rest.npos) {
-    length = rest.find(']') + 1;
-  }
-  return {Token::Kind::symbol, begin, rest.substr(0, length), {}};
-}
-
-Token tokenAt(const Format& format, std::size_t position) {
-  const std::string_view text = format.text();
-  while (position < text.size() && isBlank(text[position])) {
-    ++position;
-  }
-  if (position == text.size()) {
-    return {Token::Kind::end, position, {}, {}};
-  }
-  if (isWordCharacter(text[position])) {
-    return wordToken(text, position);
-  }
-  if (text[position] == '"' || text[position] == '\'') {
-    return textToken(format, position);
-  }
-  return symbolToken(text, position);
-}
-
 }  // namespace
 
 /// Recursive descent, one function for each level of precedence.
 class PredicateParser {
  public:
   PredicateParser(std::string_view format, std::span<const NSPredicate::Argument> arguments)
-      : format_(format), arguments_(arguments), token_(tokenAt(format_, 0)) {}
+      : format_(format), arguments_(arguments), token_(predicateTokenAt(format_, 0)) {}
 
   NSPredicate parse() {
     NSPredicate predicate = disjunction();
-    if (token_.kind != Token::Kind::end) {
+    if (token_.kind != PredicateToken::Kind::end) {
       fail("AND, OR or the end");
     }
     if (usedArguments_ < arguments_.size()) {
@@ -353,7 +155,7 @@ class PredicateParser {
   }
 
   bool option() {
-    if (token_.kind != Token::Kind::symbol || token_.source.front() != '[') {
+    if (token_.kind != PredicateToken::Kind::symbol || token_.source.front() != '[') {
       return false;
     }
     if (!acceptSymbol("[c]") && !acceptSymbol("[C]")) {
@@ -363,13 +165,13 @@ class PredicateParser {
   }
 
   NSPredicate::Operand operand(std::string_view expected) {
-    if (token_.kind == Token::Kind::text) {
+    if (token_.kind == PredicateToken::Kind::text) {
       return take().text;
     }
     if (acceptSymbol("%@")) {
       return argument();
     }
-    const std::string word = token_.kind == Token::Kind::word ? uppercased(token_.source) : "";
+    const std::string word = token_.kind == PredicateToken::Kind::word ? uppercased(token_.source) : "";
     if (const std::optional<bool> truth = truthValue(word)) {
       take();
       return *truth;
@@ -391,11 +193,11 @@ class PredicateParser {
 
   /// Passes over the token if it is that word, in either case.
   bool acceptWord(std::string_view uppercaseWord) {
-    return acceptIf(token_.kind == Token::Kind::word && uppercased(token_.source) == uppercaseWord);
+    return acceptIf(token_.kind == PredicateToken::Kind::word && uppercased(token_.source) == uppercaseWord);
   }
 
   bool acceptSymbol(std::string_view symbol) {
-    return acceptIf(token_.kind == Token::Kind::symbol && token_.source == symbol);
+    return acceptIf(token_.kind == PredicateToken::Kind::symbol && token_.source == symbol);
   }
 
   bool acceptIf(bool isExpected) {
@@ -405,9 +207,9 @@ class PredicateParser {
     return isExpected;
   }
 
-  Token take() {
+  PredicateToken take() {
     endOfTaken_ = token_.position + token_.source.size();
-    return std::exchange(token_, tokenAt(format_, endOfTaken_));
+    return std::exchange(token_, predicateTokenAt(format_, endOfTaken_));
   }
 
   void enter(std::size_t position) {
@@ -427,11 +229,11 @@ class PredicateParser {
     return NSPredicate(NSPredicate::Compound{junction, std::move(parts)});
   }
 
-  Format format_;
+  PredicateFormat format_;
   std::span<const NSPredicate::Argument> arguments_;
   std::size_t usedArguments_ = 0;
   std::size_t nesting_ = 0;
-  Token token_;
+  PredicateToken token_;
   std::size_t endOfTaken_ = 0;
 };
 

@@ -6,7 +6,8 @@
 /// Operations on path texts, under the platform's names. They look at the text alone, never at a disk.
 namespace quobrak {
 
-/// The component after the last "/": "b.txt" of "a/b.txt". Slashes at the end are passed over: "b" of "a/b/"; "/" of "/".
+/// The component after the last "/": "b.txt" of "a/b.txt". Slashes at the end are passed over: "b" of "a/b/"; "/" of
+/// "/".
 std::string lastPathComponent(std::string_view path);
 
 /// The path without its last component and the "/" before it: "a" of "a/b.txt", "" of "b.txt", "/" of "/b.txt".

@@ -3,8 +3,8 @@
 namespace quobrak {
 
 VirtualClock::VirtualClock()
-    : VirtualClock(std::chrono::duration_cast<std::chrono::milliseconds>(
-          std::chrono::system_clock::now().time_since_epoch())) {}
+    : VirtualClock(
+          std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::system_clock::now().time_since_epoch())) {}
 
 VirtualClock::VirtualClock(std::chrono::milliseconds start) : sinceEpoch_(start + std::chrono::microseconds(500)) {}
 

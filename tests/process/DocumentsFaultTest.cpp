@@ -145,6 +145,7 @@ TEST_F(NearlyFullDisk, KeepsTheEarlierStatusFileWhenTheNewOneCannotBeWritten) {
   folder.write("Documents/testsStatus.json", "old");
   start.environment["iteration"] = "2";
   addScript("S", "scripts/a.txt", "");
+  // Less than any status takes; what the process prints on standard error is cut off as well.
   start.largestFile = 60;
   const ProcessEnd end = run();
   EXPECT_EQ(end.exitStatus, 1);
