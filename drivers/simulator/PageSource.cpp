@@ -1,5 +1,7 @@
 #include "drivers/simulator/PageSource.h"
 
+#include "platform/foundation/Unicode.h"
+
 #include <algorithm>
 #include <charconv>
 #include <cmath>
@@ -46,9 +48,8 @@ class PageSourceReader {
   [[noreturn]] void fail(std::ptrdiff_t offset, const std::string& reason) const {
     const std::string_view before = xml_.substr(0, static_cast<std::size_t>(std::max<std::ptrdiff_t>(offset, 0)));
     const auto line = std::count(before.begin(), before.end(), '\n') + 1;
-    const std::size_t lineStart = before.rfind('\n') + 1;
-    throw PageSourceError("line " + std::to_string(line) + ", column " + std::to_string(before.size() - lineStart + 1) +
-                          ": " + reason);
+    const std::size_t column = characterCount(before.substr(before.rfind('\n') + 1)) + 1;
+    throw PageSourceError("line " + std::to_string(line) + ", column " + std::to_string(column) + ": " + reason);
   }
 
   std::unique_ptr<Element> elementFrom(pugi::xml_node node, int depth) const {

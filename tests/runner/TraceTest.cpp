@@ -26,12 +26,12 @@ std::string refusal(const std::string& destination, const std::string& reason) {
   return "QUOBRAK_TRACE is \"" + destination + "\": " + reason;
 }
 
-/// A trace to a file, on virtual time that has moved by a millisecond and a half since `START`.
+/// A trace to a file, on virtual time that has moved by two milliseconds since `START`.
 class TraceTest : public ::testing::Test {
  protected:
   TraceTest() {
     Clock::install(std::make_unique<VirtualClock>(START));
-    Clock::shared().usleep(1500);
+    Clock::shared().usleep(2000);
   }
 
   std::string written() const { return folder_.read("trace"); }
