@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <csignal>
+#include <cstdlib>
 #include <exception>
 #include <filesystem>
 #include <iomanip>
@@ -14,7 +15,6 @@
 #include "drivers/simulator/PhoneLoader.h"
 #include "drivers/simulator/SimulatedDriver.h"
 #include "platform/foundation/ConfinedFileManager.h"
-#include "platform/foundation/ProcessInfo.h"
 #include "platform/foundation/VirtualClock.h"
 #include "quobrakUITests/RunObserver.h"
 #include "quobrakUITests/quobrakUITests.h"
@@ -35,6 +35,23 @@ simulator::PhoneDescription loadPhone(const std::optional<std::string>& folder) 
   return simulator::loadPhone(simulator::BuiltinPhoneFiles());
 }
 
+/// A path is bytes: what is not UTF-8 in it must reach the disk as it is.
+std::optional<std::string> rawVariable(const std::string& name) {
+  const char* const value = std::getenv(name.c_str());
+  return value == nullptr ? std::nullopt : std::optional<std::string>(value);
+}
+
+[[noreturn]] void refuseDocuments(const std::string& path, const std::string& reason) {
+  throw ConfigurationError("QUOBRAK_DOCUMENTS is \"" + path + "\", which cannot be used: " + reason);
+}
+
+void requireNoFile(const std::string& path) {
+  std::error_code ignored;
+  if (std::filesystem::exists(path, ignored) && !std::filesystem::is_directory(path, ignored)) {
+    refuseDocuments(path, "it is no folder");
+  }
+}
+
 /// The Documents directory, made where it is missing.
 std::unique_ptr<FileManager> openDocuments(const std::string& path) {
   std::error_code error;
@@ -42,7 +59,7 @@ std::unique_ptr<FileManager> openDocuments(const std::string& path) {
   try {
     return std::make_unique<ConfinedFileManager>(path);
   } catch (const FileManagerError& unusable) {
-    throw ConfigurationError("QUOBRAK_DOCUMENTS is \"" + path + "\", which cannot be used: " + unusable.what());
+    refuseDocuments(path, unusable.what());
   }
 }
 
@@ -50,8 +67,9 @@ std::unique_ptr<FileManager> openDocuments(const std::string& path) {
 class InstalledPlatform {
  public:
   explicit InstalledPlatform(const Configuration& configuration) {
-    // Everything that can be wrong comes first, and the Documents directory last of it, because that is made.
+    // Everything that can be wrong comes before anything is made.
     simulator::PhoneDescription phone = loadPhone(configuration.phone);
+    requireNoFile(configuration.documents);
     if (configuration.trace) {
       output_.emplace(*configuration.trace);
     }
@@ -110,7 +128,7 @@ ExitStatus runTestProcess() {
   std::signal(SIGPIPE, SIG_IGN);
   std::optional<InstalledPlatform> platform;
   try {
-    platform.emplace(configurationFrom(ProcessInfo::environmentVariable));
+    platform.emplace(configurationFrom(rawVariable));
   } catch (const ConfigurationError& error) {
     std::cerr << "configuration error: " << error.what() << std::endl;
     return ExitStatus::misconfigured;

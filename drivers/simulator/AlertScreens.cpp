@@ -19,13 +19,18 @@ struct PermissionTexts {
 };
 
 constexpr std::array PERMISSIONS{
-    PermissionTexts{"location", "Allow “", "” to use your location?", "",
-                    {"Allow Once", "Allow While Using App", "Don’t Allow"}},
+    PermissionTexts{
+        "location", "Allow “", "” to use your location?", "", {"Allow Once", "Allow While Using App", "Don’t Allow"}},
     PermissionTexts{"camera", "“", "” Would Like to Access the Camera", "", {"Don’t Allow", "OK"}},
-    PermissionTexts{"notifications", "“", "” Would Like to Send You Notifications",
+    PermissionTexts{"notifications",
+                    "“",
+                    "” Would Like to Send You Notifications",
                     "Notifications may include alerts, sounds, and icon badges. These can be configured in Settings.",
                     {"Don’t Allow", "Allow"}},
-    PermissionTexts{"tracking", "Allow “", "” to track your activity across other companies’ apps and websites?", "",
+    PermissionTexts{"tracking",
+                    "Allow “",
+                    "” to track your activity across other companies’ apps and websites?",
+                    "",
                     {"Ask App Not to Track", "Allow"}},
 };
 

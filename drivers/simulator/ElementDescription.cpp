@@ -112,6 +112,16 @@ class DescriptionWriter {
     return text;
   }
 
+  /// What a step of the query found.
+  std::string output(const std::vector<const Element*>& found, std::size_t indent) const {
+    const std::string margin(indent, ' ');
+    std::string text = margin + "Output: {\n";
+    for (const Element* element : found) {
+      text += margin + "  " + line(*element);
+    }
+    return text + margin + "}\n";
+  }
+
  private:
   Addresses addresses_;
   int processIdentifier_;
@@ -135,28 +145,45 @@ struct FindText {
   std::string operator()(const std::shared_ptr<const ElementHandle>& handle) const { return handle->description(); }
 };
 
+/// What one step of a query does, in words.
+std::string find(std::size_t depth, const std::string& step) {
+  return (depth == 0 ? " →" : std::string(2 * depth, ' ') + "↪︎") + "Find: " + step + "\n";
+}
+
+std::vector<std::string> findsOf(const XCUIElement& element) {
+  std::vector<std::string> finds{find(0, std::visit(FindText{}, element.query().root()))};
+  for (const QueryStep& step : element.query().steps()) {
+    finds.push_back(find(finds.size(), std::visit(FindText{}, step)));
+  }
+  if (element.pick()) {
+    finds.push_back(find(finds.size(), FindText{}(*element.pick())));
+  }
+  return finds;
+}
+
+constexpr const char* CHAIN_TITLE = "Query chain:\n";
+
 }  // namespace
 
 std::string queryChain(const XCUIElement& element) {
-  std::string text = "Query chain:\n →Find: " + std::visit(FindText{}, element.query().root()) + "\n";
-  std::vector<QueryStep> steps = element.query().steps();
-  if (element.pick()) {
-    steps.emplace_back(*element.pick());
-  }
-  for (std::size_t depth = 0; depth < steps.size(); ++depth) {
-    text += std::string(2 * depth + 2, ' ') + "↪︎Find: " + std::visit(FindText{}, steps[depth]) + "\n";
+  std::string text = CHAIN_TITLE;
+  for (const std::string& step : findsOf(element)) {
+    text += step;
   }
   return text;
 }
 
-std::string debugDescription(const Element& element, const XCUIElement& description, int processIdentifier) {
+std::string debugDescription(const XCUIElement& description, std::span<const std::vector<const Element*>> stages,
+                             int processIdentifier) {
+  const Element& element = *stages.back().front();
   const DescriptionWriter writer(element, processIdentifier);
   const std::string line = writer.line(element);
   constexpr std::size_t FIRST_INDENT = 4;
   std::string text = "Attributes: " + line + "Element subtree:\n →" + line + writer.linesBelow(element, FIRST_INDENT) +
-                     "Path to element:\n" + writer.path(element) + queryChain(description);
-  if (element.parent() == nullptr) {
-    text += "  Output: {\n    " + line + "  }\n";
+                     "Path to element:\n" + writer.path(element) + CHAIN_TITLE;
+  const std::vector<std::string> finds = findsOf(description);
+  for (std::size_t depth = 0; depth < finds.size(); ++depth) {
+    text += finds[depth] + writer.output(stages[depth], 2 * depth + 2);
   }
   return text + "\n";
 }

@@ -8,11 +8,6 @@ namespace quobrak::simulator {
 
 namespace {
 
-bool clipsItsChildren(ElementType type) {
-  return type == ElementType::application || type == ElementType::scrollView || type == ElementType::table ||
-         type == ElementType::collectionView || type == ElementType::webView;
-}
-
 /// Screens are full of containers that fill them and show nothing; touches fall through those that nobody has named.
 bool takesTouches(const Element& element) {
   switch (element.type) {
@@ -20,6 +15,7 @@ bool takesTouches(const Element& element) {
     case ElementType::window:
     case ElementType::group:
       return false;
+    case ElementType::any:
     case ElementType::other:
       return !element.label.empty();
     default:
@@ -70,6 +66,11 @@ const Element* frontMostAt(const Element& root, Point point, const Element& from
 }
 
 }  // namespace
+
+bool clipsItsChildren(ElementType type) {
+  return type == ElementType::application || type == ElementType::scrollView || type == ElementType::table ||
+         type == ElementType::collectionView || type == ElementType::webView;
+}
 
 const Element* elementAt(const Element& root, Point point) {
   return contains(root.frame, point) ? frontMostAt(root, point, root) : nullptr;

@@ -1,7 +1,5 @@
 #include "drivers/simulator/PageSource.h"
 
-#include "platform/foundation/Unicode.h"
-
 #include <algorithm>
 #include <charconv>
 #include <cmath>
@@ -9,6 +7,8 @@
 #include <optional>
 #include <pugixml.hpp>
 #include <string>
+
+#include "platform/foundation/Unicode.h"
 
 namespace quobrak::simulator {
 
@@ -102,7 +102,10 @@ class PageSourceReader {
   }
 
   double number(pugi::xml_node node, const char* attribute) const {
-    const std::string written = text(node, attribute).value_or("0");
+    const std::string written = text(node, attribute).value_or("");
+    if (written.empty()) {
+      return 0;
+    }
     double value{};
     const char* const end = written.data() + written.size();
     const auto [parsedTo, error] = std::from_chars(written.data(), end, value);
@@ -113,12 +116,12 @@ class PageSourceReader {
   }
 
   bool truthValue(pugi::xml_node node, const char* attribute, bool whereMissing) const {
-    const std::optional<std::string> written = text(node, attribute);
-    if (!written) {
+    const std::string written = text(node, attribute).value_or("");
+    if (written.empty()) {
       return whereMissing;
     }
     if (written != "true" && written != "false") {
-      fail(node.offset_debug(), std::string(attribute) + " is \"" + *written + "\", but must be true or false");
+      fail(node.offset_debug(), std::string(attribute) + " is \"" + written + "\", but must be true or false");
     }
     return written == "true";
   }

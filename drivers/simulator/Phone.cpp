@@ -18,38 +18,16 @@ bool takesText(ElementType type) {
          type == ElementType::textView;
 }
 
+/// Shown, but no control: where such an element is disabled, a touch on it still reaches what it is in.
+bool isMereContent(ElementType type) {
+  return type == ElementType::staticText || type == ElementType::image || type == ElementType::other;
+}
+
 void setFocus(Element& application, const Element* focused) {
   forEachDescendant(application, [focused](Element& element) { element.hasKeyboardFocus = &element == focused; });
 }
 
 }  // namespace
-
-/// Carries out one effect of a rule of an application.
-struct Phone::EffectApplication {
-  Phone& phone;
-  const std::string& bundleIdentifier;
-
-  void operator()(const ShowScreen& effect) const {
-    RunningApplication& application = phone.running_.at(bundleIdentifier);
-    std::unique_ptr<Element> screen = application.description->screens.at(effect.screen)->copy();
-    if (&application == &phone.home()) {
-      // The alerts stay up, whatever the home screen shows behind them.
-      for (const SystemAlert& alert : phone.alerts_) {
-        screen->append(application.screen->remove(*alert.window));
-      }
-    }
-    application.screen = std::move(screen);
-  }
-
-  void operator()(const SetValue& effect) const { phone.values_[effect.name] = effect.text; }
-
-  void operator()(const RaiseAlert& effect) const {
-    const Element& window = phone.home().screen->append(alertWindow(effect.alert, phone.description_.size));
-    phone.alerts_.push_back({++phone.lastAlertNumber_, bundleIdentifier, effect.answer, &window});
-  }
-
-  void operator()(const OpenApplication& effect) const { phone.bringToFront(effect.bundleIdentifier); }
-};
 
 Phone::Phone(PhoneDescription description, Clock& clock)
     : description_(std::move(description)), clock_(clock), front_(description_.home), volume_(description_.volume) {
@@ -60,29 +38,30 @@ bool Phone::isInstalled(const std::string& bundleIdentifier) const {
   return description_.applications.contains(bundleIdentifier);
 }
 
-RunningApplication& Phone::start(const ApplicationDescription& application) {
+void Phone::start(const ApplicationDescription& application) {
+  const std::string& bundleIdentifier = application.bundleIdentifier;
   RunningApplication running{.description = &application,
                              .processIdentifier = ++lastProcessIdentifier_,
                              .screen = application.screens.at(application.firstScreen)->copy()};
-  return running_.insert_or_assign(application.bundleIdentifier, std::move(running)).first->second;
+  running_.insert_or_assign(bundleIdentifier, std::move(running));
+  front_ = bundleIdentifier;
+  ++revision_;
+  for (const Rule& rule : application.rules) {
+    if (rule.event == RuleEvent::launch && holds(rule)) {
+      apply(rule, bundleIdentifier);
+    }
+  }
 }
 
 void Phone::bringToFront(const std::string& bundleIdentifier) {
+  if (running_.contains(bundleIdentifier)) {
+    front_ = bundleIdentifier;
+    ++revision_;
+    return;
+  }
   const ApplicationDescription& application = description_.applications.at(bundleIdentifier);
-  const bool starts = !running_.contains(bundleIdentifier);
-  if (starts) {
-    sleepFor(clock_, application.launchTime);
-    start(application);
-  }
-  front_ = bundleIdentifier;
-  ++revision_;
-  if (starts) {
-    for (const Rule& rule : application.rules) {
-      if (rule.event == RuleEvent::launch && holds(rule)) {
-        apply(rule, bundleIdentifier);
-      }
-    }
-  }
+  sleepFor(clock_, application.launchTime);
+  start(application);
 }
 
 void Phone::launch(const std::string& bundleIdentifier) {
@@ -149,15 +128,15 @@ void Phone::dismissAlertsOf(const std::string& bundleIdentifier) {
 void Phone::touchFront(Point point) {
   RunningApplication& application = running_.at(front_);
   Element* const touched = elementAt(*application.screen, point);
-  if (touched == nullptr || !touched->isEnabled) {
-    return;
-  }
-  if (!behave(*touched)) {
+  if (touched != nullptr && !behave(*touched)) {
     applyTapRules(application, *touched);
   }
 }
 
 bool Phone::behave(Element& touched) {
+  if (!touched.isEnabled) {
+    return false;
+  }
   if (takesText(touched.type)) {
     setFocus(*running_.at(front_).screen, &touched);
     ++revision_;
@@ -178,8 +157,13 @@ bool Phone::behave(Element& touched) {
 
 void Phone::applyTapRules(const RunningApplication& application, const Element& touched) {
   static const std::function<bool(const Element&)> hittable = isHittable;
-  // What is disabled takes the touch and does nothing, also where the touch is on something in it.
-  for (const Element* element = &touched; element != nullptr && element->isEnabled; element = element->parent()) {
+  for (const Element* element = &touched; element != nullptr; element = element->parent()) {
+    if (!element->isEnabled) {
+      if (isMereContent(element->type)) {
+        continue;
+      }
+      return;
+    }
     const ElementAttributes attributes(element, hittable);
     for (const Rule& rule : application.description->rules) {
       if (rule.event == RuleEvent::tap && rule.element->evaluate(attributes) && holds(rule)) {
@@ -199,9 +183,34 @@ bool Phone::holds(const Rule& rule) const {
 
 void Phone::apply(const Rule& rule, const std::string& bundleIdentifier) {
   for (const Effect& effect : rule.effects) {
-    std::visit(EffectApplication{*this, bundleIdentifier}, effect);
+    std::visit([&](const auto& one) { carryOut(one, bundleIdentifier); }, effect);
   }
   ++revision_;
+}
+
+void Phone::carryOut(const ShowScreen& effect, const std::string& bundleIdentifier) {
+  RunningApplication& application = running_.at(bundleIdentifier);
+  std::unique_ptr<Element> screen = application.description->screens.at(effect.screen)->copy();
+  if (bundleIdentifier == description_.home) {
+    // The alerts stay up, whatever the home screen shows behind them.
+    for (const SystemAlert& alert : alerts_) {
+      screen->append(application.screen->remove(*alert.window));
+    }
+  }
+  application.screen = std::move(screen);
+}
+
+void Phone::carryOut(const SetValue& effect, const std::string&) {
+  values_[effect.name] = effect.text;
+}
+
+void Phone::carryOut(const RaiseAlert& effect, const std::string& bundleIdentifier) {
+  const Element& window = home().screen->append(alertWindow(effect.alert, description_.size));
+  alerts_.push_back({++lastAlertNumber_, bundleIdentifier, effect.answer, &window});
+}
+
+void Phone::carryOut(const OpenApplication& effect, const std::string&) {
+  bringToFront(effect.bundleIdentifier);
 }
 
 bool Phone::type(const Element& within, std::string_view text) {

@@ -74,7 +74,8 @@ class Phone {
   std::uint64_t revision() const { return revision_; }
 
  private:
-  RunningApplication& start(const ApplicationDescription& application);
+  /// Shows its first screen and carries out its launch rules.
+  void start(const ApplicationDescription& application);
   void bringToFront(const std::string& bundleIdentifier);
   void touchAlert(Point point);
   void answerAlert(const std::string& buttonLabel);
@@ -85,9 +86,12 @@ class Phone {
   void applyTapRules(const RunningApplication& application, const Element& touched);
   bool holds(const Rule& rule) const;
   void apply(const Rule& rule, const std::string& bundleIdentifier);
+  // Effects of a rule of the application.
+  void carryOut(const ShowScreen& effect, const std::string& bundleIdentifier);
+  void carryOut(const SetValue& effect, const std::string& bundleIdentifier);
+  void carryOut(const RaiseAlert& effect, const std::string& bundleIdentifier);
+  void carryOut(const OpenApplication& effect, const std::string& bundleIdentifier);
   RunningApplication& home() { return running_.at(description_.home); }
-
-  struct EffectApplication;
 
   PhoneDescription description_;
   Clock& clock_;

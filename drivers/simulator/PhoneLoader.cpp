@@ -111,7 +111,7 @@ class ApplicationReader {
  private:
   /// The name of a screen, which is loaded when it is first named.
   std::string screen(const JSONReader& json) {
-    const std::string name = nonEmptyText(json);
+    std::string name = nonEmptyText(json);
     if (!application_.screens.contains(name)) {
       const std::string path = folder_ + "/" + name + ".xml";
       const std::optional<std::string> xml = files_.read(path);
@@ -256,6 +256,9 @@ void readApplications(const PhoneFiles& files, const JSONReader& json, PhoneDesc
     if (!phone.applications.emplace(bundleIdentifier, std::move(application)).second) {
       entry.fail("another application has the bundle identifier \"" + bundleIdentifier + "\" too");
     }
+  }
+  if (phone.applications.empty()) {
+    json.fail("must hold the application that shows the home screen");
   }
 }
 

@@ -144,4 +144,15 @@ const Element* QueryEvaluator::element(const XCUIElement& element, const Element
   return found.empty() ? nullptr : found.front();
 }
 
+std::vector<Elements> QueryEvaluator::stages(const XCUIElement& element, const Element& root) const {
+  std::vector<Elements> stages{{&root}};
+  for (const QueryStep& step : element.query().steps()) {
+    stages.push_back(std::visit(StepApplication(stages.back(), isHittable_), step));
+  }
+  if (element.pick()) {
+    stages.push_back(StepApplication(stages.back(), isHittable_)(*element.pick()));
+  }
+  return stages;
+}
+
 }  // namespace quobrak::simulator

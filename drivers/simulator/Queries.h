@@ -47,6 +47,9 @@ class QueryEvaluator {
   /// The element that is picked, or null.
   const Element* element(const XCUIElement& element, const Element& root) const;
 
+  /// What is found on the way to the element: the root, what each step keeps and, where one is picked, that.
+  std::vector<std::vector<const Element*>> stages(const XCUIElement& element, const Element& root) const;
+
  private:
   std::function<bool(const Element&)> isHittable_;
 };

@@ -2,6 +2,7 @@
 
 #include "drivers/simulator/Canvas.h"
 #include "drivers/simulator/ElementArt.h"
+#include "drivers/simulator/HitTest.h"
 #include "drivers/simulator/Rectangles.h"
 
 #include <algorithm>
@@ -22,11 +23,6 @@ Rect cutToReach(const Rect& frame) {
   return {{left, top}, {right - left, bottom - top}};
 }
 
-bool clipsChildren(ElementType type) {
-  return type == ElementType::application || type == ElementType::scrollView || type == ElementType::table ||
-         type == ElementType::collectionView || type == ElementType::webView;
-}
-
 bool dimsWhatIsBehind(ElementType type) {
   return type == ElementType::alert || type == ElementType::sheet || type == ElementType::dialog;
 }
@@ -42,7 +38,7 @@ class LayerPainter {
       paintAlone(element, frame);
     }
     std::optional<Canvas::Clip> clip;
-    if (clipsChildren(element.type)) {
+    if (clipsItsChildren(element.type)) {
       clip.emplace(canvas_, frame);
     }
     for (const auto& child : element.children()) {

@@ -246,14 +246,18 @@ std::optional<Data> SimulatedDriver::screenshot() {
 }
 
 std::string SimulatedDriver::debugDescription(const XCUIElement& element) {
-  const Element* const existing = found({"debugDescription", element}, element);
-  if (existing == nullptr) {
+  const Element* const root = rootOf(element.query().root());
+  if (root == nullptr) {
+    return queryChain(element);
+  }
+  const auto stages = Operation("debugDescription", element).guarded([&] { return queries_.stages(element, *root); });
+  if (stages.back().empty()) {
     return queryChain(element);
   }
   const auto* const application = std::get_if<ApplicationRoot>(&element.query().root());
   const RunningApplication* const running =
       phone_.running(application == nullptr ? phone_.description().home : application->bundleIdentifier);
-  return simulator::debugDescription(*existing, element, running->processIdentifier);
+  return simulator::debugDescription(element, stages, running->processIdentifier);
 }
 
 InterruptionMonitorToken SimulatedDriver::addInterruptionMonitor(std::string_view description,

@@ -15,8 +15,8 @@
 
 namespace quobrak::simulator {
 
-/// Drives the simulated phone. Queries are evaluated in memory, anew in each primitive, so nothing needs to be kept from
-/// a look-up.
+/// Drives the simulated phone. Queries are evaluated in memory, anew in each primitive, so nothing needs to be kept
+/// from a look-up.
 ///
 /// The phone does not scroll yet: `swipe` and `pressThenDrag` raise `UIAutomationError`.
 class SimulatedDriver final : public UIDriver {

@@ -61,8 +61,8 @@ class XCUIElement {
   std::optional<ElementPick> pick_;
 };
 
-/// The element in words, for error texts: `the first of the StaticText descendants matching label == "x" of the
-/// application "com.example.shop"`.
+/// The element in words, for error texts: `the element (first) of the StaticText descendants, matching label == "x" of
+/// the application "com.example.shop"`.
 std::string describe(const XCUIElement& element);
 std::string describe(const XCUIElementQuery& query);
 

@@ -1,0 +1,88 @@
+#include "tests/house/IncludeRule.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "tests/house/SourceTree.h"
+
+namespace quobrak::house {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+TEST(IncludeRule, AllowsWhatMayBeKnown) {
+  struct Case {
+    std::string path;
+    std::string header;
+  };
+  for (const auto& [path, header] : {
+           Case{"platform/foundation/Clock.cpp", "\"platform/foundation/Clock.h\""},
+           Case{"platform/foundation/Clock.cpp", "<unistd.h>"},
+           Case{"platform/foundation/icu/Unicode.cpp", "<unicode/uchar.h>"},
+           Case{"platform/foundation/JSON.cpp", "<nlohmann/json.hpp>"},
+           Case{"platform/uiautomation/Waiting.cpp", "\"platform/foundation/Clock.h\""},
+           Case{"quobrakUITests/File.cpp", "\"platform/uiautomation/XCUIScreen.h\""},
+           Case{"drivers/simulator/Canvas.h", "<cairo.h>"},
+           Case{"drivers/simulator/TextFont.cpp", "<cairo-ft.h>"},
+           Case{"drivers/simulator/TextFont.cpp", "FT_FREETYPE_H"},
+           Case{"drivers/simulator/Phone.h", "\"platform/uiautomation/UIDriver.h\""},
+           Case{"runner/TestProcess.cpp", "\"drivers/simulator/PhoneLoader.h\""},
+           Case{"runner/TestProcess.cpp", "\"quobrakUITests/quobrakUITests.h\""},
+           Case{"runner/TestProcess.cpp", "<csignal>"},
+           Case{"tests/runner/TraceTest.cpp", "<gtest/gtest.h>"},
+           Case{"tests/runner/TraceTest.cpp", "\"tests/support/TemporaryFolder.h\""},
+       }) {
+    EXPECT_THAT(includeViolations(path, "#include " + header + "\n"), IsEmpty());
+  }
+}
+
+TEST(IncludeRule, FindsWhatMustNotBeKnown) {
+  struct Case {
+    std::string path;
+    std::string header;
+  };
+  for (const auto& [path, header] : {
+           Case{"platform/foundation/Clock.cpp", "\"platform/uiautomation/UIDriver.h\""},
+           Case{"platform/foundation/Clock.cpp", "\"quobrakUITests/File.h\""},
+           Case{"platform/foundation/Clock.cpp", "\"Clock.h\""},
+           Case{"platform/foundation/Unicode.h", "<unicode/uchar.h>"},
+           Case{"platform/foundation/JSON.h", "<nlohmann/json.hpp>"},
+           Case{"platform/uiautomation/UIDriver.cpp", "\"drivers/simulator/SimulatedDriver.h\""},
+           Case{"platform/uiautomation/UIDriver.cpp", "\"quobrakUITests/File.h\""},
+           Case{"quobrakUITests/File.cpp", "\"drivers/simulator/Phone.h\""},
+           Case{"quobrakUITests/File.cpp", "\"runner/Trace.h\""},
+           Case{"quobrakUITests/File.cpp", "<unicode/uchar.h>"},
+           Case{"drivers/simulator/Phone.cpp", "\"quobrakUITests/File.h\""},
+           Case{"drivers/simulator/Phone.cpp", "\"drivers/webdriver/Connection.h\""},
+           Case{"drivers/webdriver/Connection.cpp", "\"drivers/simulator/Phone.h\""},
+           Case{"runner/Trace.cpp", "\"tests/support/TemporaryFolder.h\""},
+           Case{"runner/Trace.cpp", "<nlohmann/json.hpp>"},
+           Case{"runner/Trace.cpp", "<gtest/gtest.h>"},
+           Case{"runner/Trace.cpp", "<curl/curl.h>"},
+           Case{"runner/Trace.cpp", "<zlib.h>"},
+           Case{"runner/Trace.cpp", "<platform/foundation/JSON.h>"},
+           Case{"runner/Trace.cpp", "SOME_HEADER"},
+           Case{"runner/Trace.cpp", "FT_FREETYPE_H"},
+           Case{"elsewhere/Thing.cpp", "\"platform/foundation/Clock.h\""},
+       }) {
+    EXPECT_THAT(includeViolations(path, "#include " + header + "\n"), ElementsAre(path + " includes " + header));
+  }
+}
+
+TEST(IncludeRule, ReadsEveryIncludeOfAFile) {
+  EXPECT_THAT(
+      includeViolations("quobrakUITests/File.cpp",
+                        "#include <png.h>\n// #include <cairo.h>\n\n  # include  \"runner/Trace.h\" // why\n"
+                        "#include <string>\n#include<cairo.h>"),
+      ElementsAre("quobrakUITests/File.cpp includes <png.h>", "quobrakUITests/File.cpp includes \"runner/Trace.h\"",
+                  "quobrakUITests/File.cpp includes <cairo.h>"));
+}
+
+TEST(IncludeRule, HoldsInTheWholeHouse) {
+  ASSERT_TRUE(ourSourceTree().contains("runner/main.cpp")) << "the sources were not found";
+  for (const auto& [path, text] : ourSourceTree()) {
+    EXPECT_THAT(includeViolations(path, text), IsEmpty());
+  }
+}
+
+}  // namespace quobrak::house

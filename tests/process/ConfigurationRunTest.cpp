@@ -153,8 +153,7 @@ TEST_F(ConfigurationRun, RefusesADocumentsDirectoryThatIsAFile) {
   const ProcessEnd end = run();
   EXPECT_EQ(end.exitStatus, 2);
   EXPECT_EQ(end.err,
-            "configuration error: QUOBRAK_DOCUMENTS is \"file\", which cannot be used: The file “file” couldn’t be "
-            "opened because there is no such file.\n");
+            "configuration error: QUOBRAK_DOCUMENTS is \"file\", which cannot be used: it is no folder\n");
 }
 
 TEST_F(ConfigurationRun, RefusesATraceThatCannotBeWritten) {

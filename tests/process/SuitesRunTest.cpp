@@ -209,6 +209,7 @@ class SuitesRunWithEarlierResults : public SuitesRun {
   SuitesRunWithEarlierResults() {
     folder.write("Documents/measures/fernwick--Old-1700000000000.json", "{}");
     folder.write("Documents/tests-results/S/a/iteration1/dump/dump.txt", "old");
+    folder.write("Documents/tests-results/Old/b/iteration1/dump/dump.txt", "old");
     folder.write("Documents/testsStatus.json", "old");
     folder.write("Documents/other.txt", "the host's");
     addScript("S", "scripts/a.txt", START);
@@ -226,9 +227,10 @@ TEST_F(SuitesRunWithEarlierResults, TheFirstIterationClearsAllOfThem) {
 TEST_F(SuitesRunWithEarlierResults, ALaterIterationClearsTheMeasuresAlone) {
   start.environment["iteration"] = "2";
   runsThrough();
-  EXPECT_THAT(results(), ElementsAre("other.txt", "tests-results/S/a/iteration1/dump/dump.txt",
-                                     "tests-results/S/a/iteration2/dump/dump.txt",
-                                     "tests-results/S/a/iteration2/screenshots/001_success.png", "testsStatus.json"));
+  EXPECT_THAT(results(),
+              ElementsAre("other.txt", "tests-results/Old/b/iteration1/dump/dump.txt",
+                          "tests-results/S/a/iteration1/dump/dump.txt", "tests-results/S/a/iteration2/dump/dump.txt",
+                          "tests-results/S/a/iteration2/screenshots/001_success.png", "testsStatus.json"));
   EXPECT_EQ(document("tests-results/S/a/iteration1/dump/dump.txt"), "old");
   EXPECT_EQ(document("testsStatus.json"), statusFile({{"success", ""}}));
 }
@@ -239,6 +241,7 @@ TEST_F(SuitesRunWithEarlierResults, ARunThatCannotBeginLeavesThem) {
   EXPECT_EQ(end.exitStatus, 1);
   EXPECT_EQ(end.err, caughtError("The file scripts/missing.txt is missing in the document directory"));
   EXPECT_THAT(results(), ElementsAre("measures/fernwick--Old-TIME.json", "other.txt",
+                                     "tests-results/Old/b/iteration1/dump/dump.txt",
                                      "tests-results/S/a/iteration1/dump/dump.txt", "testsStatus.json"));
   EXPECT_EQ(document("testsStatus.json"), "old");
 }

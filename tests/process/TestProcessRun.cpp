@@ -208,9 +208,8 @@ std::vector<std::string> ProcessTest::measures() const {
     }
   }
   std::vector<std::string> contents;
-  for (const auto& [time, content] : contentsByTime) {
-    contents.push_back(content);
-  }
+  std::transform(contentsByTime.begin(), contentsByTime.end(), std::back_inserter(contents),
+                 [](const auto& entry) { return entry.second; });
   return contents;
 }
 

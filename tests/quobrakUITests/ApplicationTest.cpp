@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/uiautomation/UIAutomationError.h"
+#include "quobrakUITests/Click.h"
 #include "quobrakUITests/TestContext.h"
 #include "tests/quobrakUITests/RaisedErrors.h"
 #include "tests/support/TestPlatform.h"
@@ -51,6 +52,13 @@ TEST(Application, KillEndsTheApplicationWhichStaysTheOneThatCommandsActOn) {
   EXPECT_THAT(platform.driver().operations, ElementsAre("launch: com.example.test", "terminate: com.example.test"));
   EXPECT_EQ(platform.phone().running("com.example.test"), nullptr);
   EXPECT_EQ(TestContext::shared().getTestingApp().bundleIdentifier(), "com.example.test");
+}
+
+TEST(Application, CommandAfterAKillFindsNothingOfTheApplication) {
+  testing::TestPlatform platform(R"(<XCUIElementTypeButton label="Go" x="0" y="0" width="100" height="20"/>)");
+  Application::applicationStart("com.example.test");
+  Application::applicationKill("com.example.test");
+  EXPECT_THAT([] { Click::clickByText("Go"); }, testing::raisesFdslError("The expected text Go was not found"));
 }
 
 TEST(Application, KillOfAnotherApplicationLeavesTheOneThatCommandsActOn) {

@@ -81,8 +81,9 @@ TEST(TapIfHittable, TapsOnceWhereTheElementCanBeTapped) {
   app.launch();
   platform.driver().operations.clear();
   tapIfHittable(app.buttons()["Go"]);
-  const std::string go = "the element (single) of the Button descendants, keyed \"Go\" of the application "
-                         "\"com.example.test\"";
+  const std::string go =
+      "the element (single) of the Button descendants, keyed \"Go\" of the application "
+      "\"com.example.test\"";
   EXPECT_THAT(platform.driver().operations, ::testing::ElementsAre("isHittable: " + go, "tap: " + go));
 }
 

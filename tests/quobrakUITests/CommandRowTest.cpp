@@ -37,8 +37,10 @@ void operate(const std::string& one, const std::string& two, const std::string& 
 
 void doNothing() {}
 
-constexpr CommandRow WATCHED = command<&operate, WatchedField<1>, WatchedField<2>, WatchedField<3>>("watched", "Tells.");
-constexpr CommandRow SWAPPED = command<&operate, WatchedField<3>, WatchedField<1>, WatchedField<2>>("swapped", "Tells.");
+constexpr CommandRow WATCHED =
+    command<&operate, WatchedField<1>, WatchedField<2>, WatchedField<3>>("watched", "Tells.");
+constexpr CommandRow SWAPPED =
+    command<&operate, WatchedField<3>, WatchedField<1>, WatchedField<2>>("swapped", "Tells.");
 
 TEST(CommandRow, ArgumentsAreReadFromLeftToRightBeforeTheOperation) {
   const std::vector<std::string_view> fields{"watched", "a", "b", "c"};
@@ -72,18 +74,18 @@ TEST(CommandRow, AbsentDirectFieldIsFatal) {
 
 TEST(CommandRow, CheckedFieldIsReadByItsGetter) {
   using Timeout = CheckedField<&Parameters::getTimeout, 2, "timeout", Unit::milliseconds, DEFAULT_TIMEOUT_WAIT>;
-  const std::vector<std::string_view> short_{"name", "a"};
-  const std::vector<std::string_view> whole{"name", "a", "70"};
+  const std::vector<std::string_view> withoutTimeout{"name", "a"};
+  const std::vector<std::string_view> withTimeout{"name", "a", "70"};
   const std::vector<std::string_view> malformed{"name", "a", "x"};
-  EXPECT_EQ(Timeout::read(short_), 30000);
-  EXPECT_EQ(Timeout::read(whole), 70);
+  EXPECT_EQ(Timeout::read(withoutTimeout), 30000);
+  EXPECT_EQ(Timeout::read(withTimeout), 70);
   EXPECT_THAT([&] { Timeout::read(malformed); }, testing::raisesFdslError("The timeout x should be an integer"));
 }
 
 TEST(CommandRow, TellsItsArgumentsInWords) {
   constexpr CommandRow ROW =
       command<&operate, DirectField<2, "selector">, DirectField<1, "x", Unit::points>, WatchedField<3>>("name",
-                                                                                                       "Does it.");
+                                                                                                        "Does it.");
   EXPECT_EQ(ROW.name, "name");
   EXPECT_EQ(ROW.summary, "Does it.");
   ASSERT_EQ(ROW.arguments().size(), 3U);

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -87,9 +88,12 @@ TEST(CommandTable, ClickByText) {
 TEST(CommandTable, ErrorsOfOperationsPassUnchanged) {
   testing::TestPlatform platform(GO);
   EXPECT_THAT([] { run({"clickByText", "Go"}); }, testing::raisesNotInitialised());
-  EXPECT_THAT([] { run({"applicationStart", "none"}); },
-              ThrowsMessage<UIAutomationError>("launch of the application \"none\" on the simulated phone: it is not "
-                                               "installed; installed are com.apple.springboard, com.example.test"));
+  EXPECT_THAT(
+      [] {
+        run({"applicationStart", "none"});
+      },
+      ThrowsMessage<UIAutomationError>("launch of the application \"none\" on the simulated phone: it is not "
+                                       "installed; installed are com.apple.springboard, com.example.test"));
 }
 
 TEST(CommandTable, Pause) {
@@ -104,12 +108,17 @@ TEST(CommandTable, Pause) {
 TEST(CommandTable, PauseWithAWrongDuration) {
   testing::TestPlatform platform;
   EXPECT_THAT([] { run({"pause"}); }, testing::raisesFdslError("The pause duration is missing"));
-  EXPECT_THAT([] { run({"pause", "-5"}); },
-              testing::raisesFdslError("The pause duration -5 should be a positive integer"));
-  EXPECT_THAT([] { run({"pause", " 100"}); },
-              testing::raisesFdslError("The pause duration  100 should be a positive integer"));
-  EXPECT_THAT([] { run({"pause", ""}); },
-              testing::raisesFdslError("The pause duration  should be a positive integer"));
+  EXPECT_THAT(
+      [] {
+        run({"pause", "-5"});
+      },
+      testing::raisesFdslError("The pause duration -5 should be a positive integer"));
+  EXPECT_THAT(
+      [] {
+        run({"pause", " 100"});
+      },
+      testing::raisesFdslError("The pause duration  100 should be a positive integer"));
+  EXPECT_THAT([] { run({"pause", ""}); }, testing::raisesFdslError("The pause duration  should be a positive integer"));
   EXPECT_EQ(platform.elapsed(), milliseconds(0));
 }
 
@@ -196,16 +205,31 @@ TEST(CommandTable, EmptyNames) {
 }
 
 TEST(CommandTable, ArgumentsOfEachCommand) {
+  struct Row {
+    std::string_view command;
+    std::string_view label;
+    Unit unit;
+  };
+  constexpr Row ROWS[] = {{"applicationStart", "bundleId", Unit::text},
+                          {"applicationKill", "bundleId", Unit::text},
+                          {"clickByText", "selector", Unit::text},
+                          {"measureStart", "stepName", Unit::text},
+                          {"pause", "timeMillis", Unit::milliseconds}};
+  std::size_t rowsWithArguments = 0;
   for (const CommandRow& row : commandTable()) {
-    const bool hasArgument = row.name == "applicationStart" || row.name == "applicationKill" ||
-                             row.name == "clickByText" || row.name == "measureStart" || row.name == "pause";
-    ASSERT_EQ(row.arguments().size(), hasArgument ? 1U : 0U) << row.name;
-    if (hasArgument) {
-      EXPECT_EQ(row.arguments()[0].field, 1U) << row.name;
-      EXPECT_EQ(row.arguments()[0].unit, row.name == "pause" ? Unit::milliseconds : Unit::text) << row.name;
-      EXPECT_EQ(row.arguments()[0].defaultValue, ArgumentDefault()) << row.name;
+    if (row.arguments().empty()) {
+      continue;
     }
+    ASSERT_LT(rowsWithArguments, std::size(ROWS)) << row.name;
+    const Row& expected = ROWS[rowsWithArguments++];
+    EXPECT_EQ(row.name, expected.command);
+    ASSERT_EQ(row.arguments().size(), 1U) << row.name;
+    EXPECT_EQ(row.arguments()[0].field, 1U) << row.name;
+    EXPECT_EQ(row.arguments()[0].label, expected.label);
+    EXPECT_EQ(row.arguments()[0].unit, expected.unit) << row.name;
+    EXPECT_EQ(row.arguments()[0].defaultValue, ArgumentDefault()) << row.name;
   }
+  EXPECT_EQ(rowsWithArguments, std::size(ROWS));
 }
 
 }  // namespace

@@ -5,9 +5,11 @@
 
 #include <limits>
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include "platform/uiautomation/UIDriver.h"
+#include "tests/quobrakUITests/ForgettingDriver.h"
 #include "tests/support/TestPlatform.h"
 
 namespace quobrak {
@@ -45,6 +47,15 @@ TEST(Device, PauseMovesVirtualTime) {
   Device::pause(10000);
   EXPECT_EQ(platform.elapsed(), std::chrono::seconds(10));
   EXPECT_THAT(platform.driver().operations, IsEmpty());
+}
+
+TEST(Device, PauseEndsWhatALookUpMayServe) {
+  testing::TestPlatform platform;
+  auto installed = std::make_unique<testing::ForgettingDriver>();
+  const testing::ForgettingDriver& driver = *installed;
+  UIDriver::install(std::move(installed));
+  Device::pause(1);
+  EXPECT_EQ(driver.timesForgotten, 1);
 }
 
 TEST(Device, PauseThatNoSleepCanTakeIsFatal) {

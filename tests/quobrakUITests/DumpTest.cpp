@@ -49,10 +49,9 @@ TEST(Dump, ThatCannotBeWritten) {
   Application::applicationStart("com.example.test");
   platform.documents().write("results", "a file where a folder should be");
   EXPECT_THAT([] { takeDump("results"); },
-              testing::raisesDocumentDirectoryError(
-                  "The file “results” couldn’t be saved in the folder “" +
-                  platform.documents().path().filename().string() +
-                  "” because a file with the same name already exists."));
+              testing::raisesDocumentDirectoryError("The file “results” couldn’t be saved in the folder “" +
+                                                    platform.documents().path().filename().string() +
+                                                    "” because a file with the same name already exists."));
 }
 
 }  // namespace

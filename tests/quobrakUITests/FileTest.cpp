@@ -4,7 +4,9 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <memory>
 
+#include "platform/foundation/ConfinedFileManager.h"
 #include "quobrakUITests/TestContext.h"
 #include "tests/quobrakUITests/RaisedErrors.h"
 #include "tests/support/TestPlatform.h"
@@ -60,6 +62,17 @@ TEST(File, WhateverIsWrongWithAFileItIsMissing) {
     EXPECT_THAT([&] { File::readFileInDocumentDirectory(path); },
                 testing::raisesDocumentDirectoryError("The file " + path + " is missing in the document directory"));
   }
+}
+
+TEST(File, DocumentsDirectoryIsLookedUpAfreshOnEveryCall) {
+  testing::TestPlatform platform;
+  File::writeFileToDocumentDirectory("a.txt", bytesOf("first"));
+  const testing::TemporaryFolder other;
+  FileManager::install(std::make_unique<ConfinedFileManager>(other.path().string()));
+  File::writeFileToDocumentDirectory("a.txt", bytesOf("second"));
+  EXPECT_EQ(File::readFileInDocumentDirectory("a.txt"), "second");
+  EXPECT_EQ(platform.documents().read("a.txt"), "first");
+  EXPECT_EQ(other.read("a.txt"), "second");
 }
 
 TEST(File, WriteCreatesTheFoldersAndThenTheFile) {
@@ -155,7 +168,8 @@ TEST(File, FirstIterationClearsAllResults) {
   const std::vector<std::string>& operations = recordOperations(platform);
   TestContext::shared().setIteration(1);
   File::clearDocumentDirectory();
-  EXPECT_THAT(operations, ElementsAre("removeItem tests-results", "removeItem measures", "removeItem testsStatus.json"));
+  EXPECT_THAT(operations,
+              ElementsAre("removeItem tests-results", "removeItem measures", "removeItem testsStatus.json"));
   EXPECT_THAT(platform.documents().files(), ElementsAre("scripts/login.txt"));
 }
 
@@ -165,9 +179,9 @@ TEST(File, OtherIterationsClearTheMeasuresAlone) {
     fillDocuments(platform);
     TestContext::shared().setIteration(iteration);
     File::clearDocumentDirectory();
-    EXPECT_THAT(platform.documents().files(),
-                ElementsAre("scripts/login.txt", "tests-results/Suite/login/iteration1/dump/dump.txt",
-                            "testsStatus.json"))
+    EXPECT_THAT(
+        platform.documents().files(),
+        ElementsAre("scripts/login.txt", "tests-results/Suite/login/iteration1/dump/dump.txt", "testsStatus.json"))
         << iteration;
   }
 }

@@ -48,8 +48,8 @@ TEST(MeasureTick, FaultyJSON) {
       {R"({"time":1,"values":{"AH_PL":null}})", "values.AH_PL: expected a whole number, found null"},
       {R"([])", "the document: expected an object, found an array"},
   };
-  for (const auto& [json, message] : ROWS) {
-    EXPECT_THAT([&, text = json] { decoded(text); }, ThrowsMessage<DecodingError>(message)) << json;
+  for (const Row& row : ROWS) {
+    EXPECT_THAT([&] { decoded(row.json); }, ThrowsMessage<DecodingError>(row.message)) << row.json;
   }
 }
 

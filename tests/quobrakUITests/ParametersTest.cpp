@@ -133,8 +133,11 @@ TEST(Parameters, NegativeIntegers) {
     if (getter.allowsNegative) {
       EXPECT_EQ(getter.get(Fields{"name", "-1"}, 1), -1);
     } else {
-      EXPECT_THAT([&] { getter.get(Fields{"name", "-5"}, 1); },
-                  testing::raisesFdslError(getter.malformed.before + "-5" + getter.malformed.after));
+      EXPECT_THAT(
+          [&] {
+            getter.get(Fields{"name", "-5"}, 1);
+          },
+          testing::raisesFdslError(getter.malformed.before + "-5" + getter.malformed.after));
       EXPECT_EQ(getter.get(Fields{"name", "-0"}, 1), 0);
     }
   }
@@ -156,8 +159,11 @@ TEST(Parameters, IntegersThatAreAbsent) {
 TEST(Parameters, IntegersThatAreMalformed) {
   for (const IntegerGetter& getter : integerGetters()) {
     for (const std::string field : {"x", "", " 5000", "5000 ", "1.5", "9223372036854775808", "\"5\""}) {
-      EXPECT_THAT([&] { getter.get(Fields{"name", field}, 1); },
-                  testing::raisesFdslError(getter.malformed.before + field + getter.malformed.after));
+      EXPECT_THAT(
+          [&] {
+            getter.get(Fields{"name", field}, 1);
+          },
+          testing::raisesFdslError(getter.malformed.before + field + getter.malformed.after));
     }
   }
 }
@@ -189,8 +195,11 @@ TEST(Parameters, TruthValues) {
     EXPECT_EQ(getter.getFieldTwo(Fields{"name", "x"}), getter.defaultValue);
     EXPECT_EQ(getter.getFieldTwo(Fields{}), getter.defaultValue);
     for (const std::string field : {"TRUE", "True", "FALSE", "1", "0", "yes", "", " true", "false "}) {
-      EXPECT_THAT([&] { getter.getFieldTwo(Fields{"name", "x", field}); },
-                  testing::raisesFdslError(getter.malformed.before + field + getter.malformed.after));
+      EXPECT_THAT(
+          [&] {
+            getter.getFieldTwo(Fields{"name", "x", field});
+          },
+          testing::raisesFdslError(getter.malformed.before + field + getter.malformed.after));
     }
   }
 }

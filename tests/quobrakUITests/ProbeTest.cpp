@@ -74,9 +74,9 @@ TEST(Probe, SecondStartDropsTheFirstStep) {
   Probe::measureStart("b");
   sleepMilliseconds(1);
   Probe::measureStop();
-  EXPECT_THAT(
-      TestContext::shared().getTestResults(),
-      ElementsAre(TestResultV2{.test = "b", .testTime = 1, .measures = {{tickAt(START + 10), tickAt(START + 11)}, {}}}));
+  EXPECT_THAT(TestContext::shared().getTestResults(),
+              ElementsAre(TestResultV2{
+                  .test = "b", .testTime = 1, .measures = {{tickAt(START + 10), tickAt(START + 11)}, {}}}));
 }
 
 TEST(Probe, NameMayBeEmpty) {

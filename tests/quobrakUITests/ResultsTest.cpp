@@ -91,8 +91,7 @@ TEST(Results, LaterStepReplacesAnEarlierOneOfItsNameInTheSameMillisecond) {
   recordStep("a", 1);
   recordStep("a", 2);
   Results::saveJobResult({});
-  EXPECT_THAT(platform.documents().files(),
-              ElementsAre("measures/fernwick--a-1700000000000.json", "testsStatus.json"));
+  EXPECT_THAT(platform.documents().files(), ElementsAre("measures/fernwick--a-1700000000000.json", "testsStatus.json"));
   EXPECT_EQ(platform.documents().read("measures/fernwick--a-1700000000000.json"), jsonOfStep("a", 2));
 }
 
@@ -126,8 +125,7 @@ TEST(Results, FirstMeasureThatCannotBeWrittenEndsTheWriting) {
     }
   };
   EXPECT_THAT([] { Results::saveJobResult({}); }, testing::raisesDocumentDirectoryError("The disk is full."));
-  EXPECT_THAT(platform.documents().files(),
-              ElementsAre("measures/fernwick--a-1700000000000.json", "testsStatus.json"));
+  EXPECT_THAT(platform.documents().files(), ElementsAre("measures/fernwick--a-1700000000000.json", "testsStatus.json"));
   EXPECT_EQ(platform.documents().read("testsStatus.json"), "old");
 }
 

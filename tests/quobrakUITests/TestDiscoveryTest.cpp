@@ -10,10 +10,10 @@
 namespace quobrak {
 namespace {
 
-using testing::setVariable;
-using testing::unsetVariable;
 using ::testing::ElementsAre;
 using ::testing::Eq;
+using testing::setVariable;
+using testing::unsetVariable;
 
 constexpr const char* REFERENCE_SCRIPT =
     "pause,10000\nmeasureStart,HomeReference\npause,30000\nmeasureStop\n\nbrowserPrepareAndOpenForReference\n"
@@ -184,9 +184,8 @@ TEST(TestDiscovery, ScriptThatCannotBeReadEndsTheDiscovery) {
   nameFile(1, "Suite", "a.txt");
   nameFile(2, "Suite", "/Documents/missing.txt");
   quobrakUITests test;
-  EXPECT_THAT(
-      [&] { test.getTestFiles(); },
-      testing::raisesDocumentDirectoryError("The file /missing.txt is missing in the document directory"));
+  EXPECT_THAT([&] { test.getTestFiles(); },
+              testing::raisesDocumentDirectoryError("The file /missing.txt is missing in the document directory"));
   EXPECT_EQ(TestContext::shared().getIteration(), 1);
 }
 

@@ -38,8 +38,8 @@ TEST(TestFile, FaultyJSON) {
       {R"({"script":"","iterationPath":null})", "iterationPath: expected a text, found null"},
       {R"("script")", "the document: expected an object, found a text"},
   };
-  for (const auto& [json, message] : ROWS) {
-    EXPECT_THAT([&, text = json] { decoded(text); }, ThrowsMessage<DecodingError>(message)) << json;
+  for (const Row& row : ROWS) {
+    EXPECT_THAT([&] { decoded(row.json); }, ThrowsMessage<DecodingError>(row.message)) << row.json;
   }
 }
 

@@ -18,9 +18,8 @@ MeasureTick tickAt(std::int64_t time) {
 }
 
 TEST(TestResultV2, JSONOfAFinishedStep) {
-  const TestResultV2 result{.test = "HomeReference",
-                            .testTime = 4250,
-                            .measures = {{tickAt(1700000000000), tickAt(1700000004250)}, {}}};
+  const TestResultV2 result{
+      .test = "HomeReference", .testTime = 4250, .measures = {{tickAt(1700000000000), tickAt(1700000004250)}, {}}};
   EXPECT_EQ(JSONEncoder::encode(result.encode()),
             R"({"measures":[[{"time":1700000000000,"values":{"AH_PL":0}},)"
             R"({"time":1700000004250,"values":{"AH_PL":0}}],[]],"test":"HomeReference","testTime":4250})");
@@ -57,8 +56,8 @@ TEST(TestResultV2, FaultyJSON) {
        "measures[0][1].time: missing"},
       {R"([])", "the document: expected an object, found an array"},
   };
-  for (const auto& [json, message] : ROWS) {
-    EXPECT_THAT([&, text = json] { decoded(text); }, ThrowsMessage<DecodingError>(message)) << json;
+  for (const Row& row : ROWS) {
+    EXPECT_THAT([&] { decoded(row.json); }, ThrowsMessage<DecodingError>(row.message)) << row.json;
   }
 }
 

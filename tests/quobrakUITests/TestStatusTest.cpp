@@ -39,8 +39,8 @@ TEST(TestStatus, FaultyJSON) {
       {R"({"status":"","stackTrace":{}})", "stackTrace: expected a text, found an object"},
       {R"(null)", "the document: expected an object, found null"},
   };
-  for (const auto& [json, message] : ROWS) {
-    EXPECT_THAT([&, text = json] { decoded(text); }, ThrowsMessage<DecodingError>(message)) << json;
+  for (const Row& row : ROWS) {
+    EXPECT_THAT([&] { decoded(row.json); }, ThrowsMessage<DecodingError>(row.message)) << row.json;
   }
 }
 

@@ -2,9 +2,9 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <stdlib.h>
 
 #include <csignal>
+#include <cstdlib>
 #include <filesystem>
 
 #include "quobrakUITests/RunObserver.h"

@@ -172,20 +172,14 @@ TEST_F(TraceOutputTest, RefusesAFileThatCannotBeOpened) {
 }
 
 TEST_F(TraceOutputTest, GivesUpOnceWhenItCannotWrite) {
+  ::testing::internal::CaptureStderr();
   TraceOutput output("/dev/full");
-  ::testing::internal::CaptureStderr();
-  output.write({{"event", "x"}});
-  EXPECT_EQ(::testing::internal::GetCapturedStderr(), "") << "nothing has gone out yet";
-
-  ::testing::internal::CaptureStderr();
-  output.flush();
+  for (int i = 0; i < 3; ++i) {
+    output.write({{"event", "x"}});
+    output.flush();
+  }
   EXPECT_EQ(::testing::internal::GetCapturedStderr(),
             "warning: the trace cannot be written any more; the run goes on without it\n");
-
-  ::testing::internal::CaptureStderr();
-  output.write({{"event", "x"}});
-  output.flush();
-  EXPECT_EQ(::testing::internal::GetCapturedStderr(), "");
 }
 
 TEST_F(TraceOutputTest, GivesUpWhenAnEventIsLargerThanItsBuffer) {

@@ -24,8 +24,8 @@ class MemoryPhoneFiles final : public simulator::PhoneFiles {
 };
 
 /// A small and quick phone: 100 x 200 points at scale 1, without delays, with an empty home screen
-/// ("com.apple.springboard") and one application, "com.example.test", named "Test", which starts in 500 ms and shows the
-/// elements of `page` in one window. `rules` is the JSON array of the application's rules.
+/// ("com.apple.springboard") and one application, "com.example.test", named "Test", which starts in 500 ms and shows
+/// the elements of `page` in one window. `rules` is the JSON array of the application's rules.
 MemoryPhoneFiles smallPhone(const std::string& page, const std::string& rules = "[]");
 
 }  // namespace quobrak::testing

@@ -18,8 +18,8 @@ class RecordingDriver final : public WrappedDriver {
   std::vector<std::string> operations;
 
   /// Called before each operation with its name and target; may throw in its place.
-  std::function<void(std::string_view name, const std::string& target)> before =
-      [](std::string_view, const std::string&) {};
+  std::function<void(std::string_view name, const std::string& target)> before = [](std::string_view,
+                                                                                    const std::string&) {};
 
  protected:
   void around(std::string_view name, const std::function<std::string()>& target,

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "drivers/simulator/PageSource.h"
+#include "drivers/simulator/Queries.h"
 #include "platform/uiautomation/XCUIApplication.h"
 
 namespace quobrak::simulator {
@@ -21,10 +22,15 @@ class NoteHandle final : public ElementHandle {
   std::string description() const override { return "the note"; }
 };
 
+std::string descriptionOf(const Element& page, const XCUIElement& element) {
+  const QueryEvaluator queries([](const Element&) { return true; });
+  return debugDescription(element, queries.stages(element, page), PROCESS);
+}
+
 /// The line of an element in the description of its application.
 std::string lineOf(const std::string& element) {
   const std::unique_ptr<Element> page = readPageSource("<Application>" + element + "</Application>", SCREEN);
-  const std::string text = debugDescription(*page, APP, PROCESS);
+  const std::string text = descriptionOf(*page, APP);
   constexpr std::string_view BEFORE = "pid: 101\n    ";
   const std::size_t begin = text.find(BEFORE, text.find("subtree")) + BEFORE.size();
   return text.substr(begin, text.find("Path to element:") - begin);
@@ -42,7 +48,7 @@ TEST(ElementDescription, OfAnApplication) {
   <Window/>
 </Application>)",
                                                        SCREEN);
-  EXPECT_EQ(debugDescription(*page, APP, PROCESS), R"(Attributes: Application, 0x100000000, pid: 101, label: 'Test'
+  EXPECT_EQ(descriptionOf(*page, APP), R"(Attributes: Application, 0x100000000, pid: 101, label: 'Test'
 Element subtree:
  →Application, 0x100000000, pid: 101, label: 'Test'
     Window (Main), 0x100000040, {{0.0, 0.0}, {100.0, 200.0}}
@@ -64,8 +70,7 @@ Query chain:
 TEST(ElementDescription, OfAnElementWithinAnApplication) {
   const std::unique_ptr<Element> page = readPageSource(
       R"(<Application label=" "><Window><Cell name="row"><Button label="OK"/></Cell></Window></Application>)", SCREEN);
-  const Element& cell = *page->children().front()->children().front();
-  EXPECT_EQ(debugDescription(cell, APP.descendants(ElementType::cell).firstMatch(), PROCESS),
+  EXPECT_EQ(descriptionOf(*page, APP.descendants(ElementType::any).elementBoundBy(1)),
             R"(Attributes: Cell, 0x100000080, {{0.0, 0.0}, {0.0, 0.0}}, identifier: 'row'
 Element subtree:
  →Cell, 0x100000080, {{0.0, 0.0}, {0.0, 0.0}}, identifier: 'row'
@@ -76,8 +81,19 @@ Path to element:
    ↳Cell, 0x100000080, {{0.0, 0.0}, {0.0, 0.0}}, identifier: 'row'
 Query chain:
  →Find: Application 'com.example.test'
-  ↪︎Find: Descendants matching type Cell
-    ↪︎Find: Element at index 0
+  Output: {
+    Application, 0x100000000, pid: 101, label: ' '
+  }
+  ↪︎Find: Descendants matching type Any
+    Output: {
+      Window (Main), 0x100000040, {{0.0, 0.0}, {0.0, 0.0}}
+      Cell, 0x100000080, {{0.0, 0.0}, {0.0, 0.0}}, identifier: 'row'
+      Button, 0x1000000c0, {{0.0, 0.0}, {0.0, 0.0}}, label: 'OK'
+    }
+    ↪︎Find: Element at index 1
+      Output: {
+        Cell, 0x100000080, {{0.0, 0.0}, {0.0, 0.0}}, identifier: 'row'
+      }
 
 )");
 }
@@ -113,7 +129,7 @@ TEST(ElementDescription, TheKeyboardsFocusComesBeforeTheOtherFlags) {
   field.hasKeyboardFocus = true;
   field.isSelected = true;
   field.isEnabled = false;
-  const std::string text = debugDescription(field, APP, PROCESS);
+  const std::string text = descriptionOf(field, APP);
   EXPECT_EQ(text.substr(0, text.find('\n')),
             "Attributes: TextField, 0x100000000, {{0.0, 0.0}, {0.0, 0.0}}, placeholderValue: 'Username', value: Ada, "
             "Keyboard Focused, Selected, Disabled");

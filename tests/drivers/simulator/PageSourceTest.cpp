@@ -38,7 +38,7 @@ TEST(PageSource, AWholePage) {
 <!-- a comment -->
 <XCUIElementTypeApplication type="XCUIElementTypeApplication" name="Shop" label="Shop" enabled="true" visible="true"
     accessible="false" x="0" y="0" width="390" height="844" index="0" processId="12" bundleId="com.example.shop">
-  <XCUIElementTypeWindow type="XCUIElementTypeWindow" enabled="true" visible="true" x="0" y="0" width="390" height="844">
+  <XCUIElementTypeWindow type="XCUIElementTypeWindow" enabled="true" x="0" y="0" width="390" height="844">
     text between the elements
     <XCUIElementTypeButton type="XCUIElementTypeButton" name="ok" label="OK" enabled="false" selected="true" value="1"
         x="10.5" y="-20" width="30" height="40.25" traits="Button"/>
@@ -84,9 +84,10 @@ TEST(PageSource, TheTypeIsTheAttributeOrElseTheTag) {
 }
 
 TEST(PageSource, TheWrapperOfSomeServersIsLeftOut) {
-  const std::unique_ptr<Element> page = readPageSource(
-      R"(<AppiumAUT><!-- first --><XCUIElementTypeApplication label="Shop"><XCUIElementTypeButton/></XCUIElementTypeApplication></AppiumAUT>)",
-      SCREEN);
+  const std::unique_ptr<Element> page =
+      readPageSource(R"(<AppiumAUT><!-- first --><XCUIElementTypeApplication label="Shop">)"
+                     R"(<XCUIElementTypeButton/></XCUIElementTypeApplication></AppiumAUT>)",
+                     SCREEN);
   EXPECT_EQ(page->type, ElementType::application);
   EXPECT_EQ(page->label, "Shop");
   EXPECT_EQ(countBelow(*page), 1);
@@ -113,6 +114,14 @@ TEST(PageSource, WhatIsMissing) {
   EXPECT_EQ(element.label, "");
   EXPECT_EQ(element.value, std::nullopt);
   EXPECT_EQ(element.placeholder, std::nullopt);
+}
+
+TEST(PageSource, WhatIsLeftEmptyIsAsGoodAsMissing) {
+  const std::unique_ptr<Element> page = pageOf(R"(<Button enabled="" selected="" x="" y="" width="" height=""/>)");
+  const Element& element = *page->children().front();
+  EXPECT_TRUE(element.isEnabled);
+  EXPECT_FALSE(element.isSelected);
+  EXPECT_EQ(element.frame, Rect());
 }
 
 TEST(PageSource, IdentifierAndLabel) {
@@ -194,10 +203,10 @@ TEST(PageSource, Faults) {
   };
   const Row ROWS[] = {
       {"", "line 1, column 1: No document element found"},
-      {"  \n ", "line 1, column 1: No document element found"},
-      {"no page", "line 1, column 1: No document element found"},
+      {"  \n ", "line 2, column 2: No document element found"},
+      {"no page", "line 1, column 8: No document element found"},
       {"<AppiumAUT/>", "line 1, column 1: the page has no element"},
-      {"<Application>\n  <Button", "line 2, column 10: Error parsing start element tag"},
+      {"<Application>\n  <Button", "line 2, column 9: Error parsing start element tag"},
       {"<Application>\n  <Button></Window>\n</Application>", "line 2, column 13: Start-end tags mismatch"},
       {"<Application>\n  <Knob/>\n</Application>",
        R"(line 2, column 4: "Knob" is no element type; one is written like "XCUIElementTypeButton")"},
@@ -207,13 +216,13 @@ TEST(PageSource, Faults) {
        R"(line 1, column 2: "" is no element type; one is written like "XCUIElementTypeButton")"},
       {R"(<Button x="left"/>)", R"(line 1, column 2: x is "left", but must be a number of points)"},
       {R"(<Button y="12pt"/>)", R"(line 1, column 2: y is "12pt", but must be a number of points)"},
-      {R"(<Button width=""/>)", R"(line 1, column 2: width is "", but must be a number of points)"},
+      {R"(<Button width=" 1"/>)", R"(line 1, column 2: width is " 1", but must be a number of points)"},
       {R"(<Button height="nan"/>)", R"(line 1, column 2: height is "nan", but must be a number of points)"},
       {R"(<Button height="1e999"/>)", R"(line 1, column 2: height is "1e999", but must be a number of points)"},
       {R"(<Button enabled="1"/>)", R"(line 1, column 2: enabled is "1", but must be true or false)"},
       {R"(<Button selected="yes"/>)", R"(line 1, column 2: selected is "yes", but must be true or false)"},
-      {R"(<Application label="Äpfel 🙂"><Button enabled=""/></Application>)",
-       R"(line 1, column 31: enabled is "", but must be true or false)"},
+      {R"(<Application label="Äpfel 🙂"><Button enabled="no"/></Application>)",
+       R"(line 1, column 31: enabled is "no", but must be true or false)"},
   };
   for (const auto& [xml, message] : ROWS) {
     EXPECT_THAT([&xml = xml] { readPageSource(xml, SCREEN); }, ThrowsMessage<PageSourceError>(message)) << xml;
@@ -258,11 +267,14 @@ TEST(PageSource, CapturesLoad) {
   if (folder == nullptr) {
     std::cout << "no captures: QUOBRAK_PAGE_SOURCES is not set\n";
     const std::unique_ptr<Element> page = readPageSource(
-        R"(<AppiumAUT><XCUIElementTypeApplication type="XCUIElementTypeApplication" name="Notes" label="Notes" x="0" y="0"
-               width="320" height="568"><XCUIElementTypeOther type="XCUIElementTypeOther" enabled="true" x="inf" y="inf"
-               width="0" height="0"/><XCUIElementTypeTextView type="XCUIElementTypeTextView" value="Milk&#10;Bread 🍞"
-               enabled="true" visible="true" x="0" y="64" width="320" height="504" index="1"
-               traits=""/></XCUIElementTypeApplication></AppiumAUT>)",
+        R"(<AppiumAUT>
+  <XCUIElementTypeApplication type="XCUIElementTypeApplication" name="Notes" label="Notes" x="0" y="0" width="320"
+      height="568">
+    <XCUIElementTypeOther type="XCUIElementTypeOther" enabled="" x="inf" y="inf" width="0" height="0"/>
+    <XCUIElementTypeTextView type="XCUIElementTypeTextView" value="Milk&#10;Bread 🍞" enabled="true" visible="true"
+        x="0" y="64" width="320" height="504" index="1" traits=""/>
+  </XCUIElementTypeApplication>
+</AppiumAUT>)",
         SCREEN);
     EXPECT_EQ(countBelow(*page), 2);
     EXPECT_EQ(page->children().back()->value, "Milk\nBread 🍞");

@@ -105,6 +105,16 @@ TEST_F(QueriesTest, APickWithinAQuery) {
   EXPECT_THAT(identifiers(APP.descendants(ElementType::other).elementBoundBy(2).buttons()), IsEmpty());
 }
 
+TEST_F(QueriesTest, TheStagesOnTheWayToAnElement) {
+  const auto stages = QueryEvaluator(IS_HITTABLE).stages(APP.buttons().matchingIdentifier("Save").firstMatch(), *page_);
+  ASSERT_EQ(stages.size(), 4);
+  EXPECT_THAT(stages[0], ElementsAre(page_.get()));
+  EXPECT_EQ(stages[1].size(), 3);
+  EXPECT_EQ(stages[2].size(), 1);
+  EXPECT_EQ(stages[3], stages[2]);
+  EXPECT_THAT(QueryEvaluator(IS_HITTABLE).stages(APP, *page_), ElementsAre(ElementsAre(page_.get())));
+}
+
 TEST_F(QueriesTest, Predicates) {
   struct Row {
     std::string_view format;
@@ -136,7 +146,8 @@ TEST_F(QueriesTest, Predicates) {
 }
 
 constexpr const char* UNKNOWN =
-    R"(elements have no attribute "frame"; they have label, identifier, placeholderValue, value, enabled, selected, exists, hittable)";
+    R"(elements have no attribute "frame"; they have label, identifier, placeholderValue, value, enabled, )"
+    R"(selected, exists, hittable)";
 
 TEST_F(QueriesTest, AnUnknownAttributeRaises) {
   const NSPredicate predicate("frame == \"x\"");

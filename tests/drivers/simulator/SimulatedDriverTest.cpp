@@ -1,0 +1,690 @@
+#include "drivers/simulator/SimulatedDriver.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <limits>
+#include <memory>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/uiautomation/UIAutomationError.h"
+#include "platform/uiautomation/XCUIApplication.h"
+#include "platform/uiautomation/XCUIDevice.h"
+#include "platform/uiautomation/XCUIScreen.h"
+#include "tests/support/TestPlatform.h"
+
+namespace quobrak::simulator {
+namespace {
+
+using namespace std::chrono_literals;
+using quobrak::testing::TestPlatform;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::StartsWith;
+using ::testing::ThrowsMessage;
+
+constexpr double INFINITE = std::numeric_limits<double>::infinity();
+constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
+
+const XCUIApplication APP("com.example.test");
+const XCUIApplication HOME("com.apple.springboard");
+const XCUIApplication OTHER("com.example.other");
+
+constexpr const char* PAGE = R"(
+  <Button name="ok" label="OK" value="1" x="0" y="0" width="50" height="50"/>
+  <Other name="group">
+    <Other name="inner"><StaticText name="note" label="Lamp" value="Lamp" x="0" y="50" width="50" height="20"/></Other>
+  </Other>
+  <TextField name="field" placeholderValue="Name" x="0" y="70" width="50" height="20"/>
+  <Switch name="switch" value="0" x="50" y="0" width="50" height="50"/>
+  <Button name="hidden" label="OK" enabled="false" selected="true" x="500" y="0" width="50" height="50"/>)";
+
+XCUIElement named(const std::string& identifier) {
+  return APP.descendants(ElementType::any)[identifier];
+}
+
+template <class Action>
+void expectFailure(Action action, const std::string& text) {
+  EXPECT_THAT(action, ThrowsMessage<UIAutomationError>(text));
+}
+
+class SimulatedDriverTest : public ::testing::Test {
+ protected:
+  /// The phone with its application started; time counts from then on.
+  void start(const std::string& page = PAGE, const std::string& rules = "[]") {
+    switchOn(page, rules);
+    APP.launch();
+    started_ = platform_->elapsed();
+  }
+
+  void switchOn(const std::string& page = PAGE, const std::string& rules = "[]") {
+    platform_.emplace(page, rules);
+    started_ = 0ms;
+  }
+
+  std::chrono::milliseconds elapsed() const { return platform_->elapsed() - started_; }
+  UIDriver& driver() { return platform_->driver(); }
+
+  std::optional<TestPlatform> platform_;
+  std::chrono::milliseconds started_{};
+};
+
+// Applications.
+
+TEST_F(SimulatedDriverTest, LaunchTakesTheLaunchTime) {
+  switchOn();
+  APP.launch();
+  EXPECT_EQ(elapsed(), 500ms);
+  EXPECT_TRUE(APP.exists());
+  EXPECT_TRUE(named("ok").exists());
+}
+
+TEST_F(SimulatedDriverTest, LaunchRestartsAnApplicationThatRuns) {
+  start();
+  named("switch").tap();
+  EXPECT_EQ(named("switch").value(), ElementValue("1"));
+  APP.launch();
+  EXPECT_EQ(elapsed(), 500ms);
+  EXPECT_EQ(named("switch").value(), ElementValue("0"));
+}
+
+TEST_F(SimulatedDriverTest, LaunchOfWhatIsNotInstalledRaises) {
+  switchOn();
+  expectFailure([] { OTHER.launch(); },
+                R"(launch of the application "com.example.other" on the simulated phone: it is not installed; )"
+                "installed are com.apple.springboard, com.example.test");
+}
+
+TEST_F(SimulatedDriverTest, TerminateEndsTheApplication) {
+  start();
+  APP.terminate();
+  EXPECT_FALSE(APP.exists());
+  EXPECT_TRUE(platform_->phone().isInFront("com.apple.springboard"));
+}
+
+TEST_F(SimulatedDriverTest, TerminateDoesNothingForWhatDoesNotRunOrIsNotInstalled) {
+  switchOn();
+  APP.terminate();
+  OTHER.terminate();
+  EXPECT_TRUE(HOME.exists());
+  EXPECT_EQ(elapsed(), 0ms);
+}
+
+// Asking.
+
+TEST_F(SimulatedDriverTest, QuestionsAboutAnElement) {
+  start();
+  EXPECT_TRUE(named("ok").exists());
+  EXPECT_TRUE(named("ok").isHittable());
+  EXPECT_EQ(named("ok").label(), "OK");
+  EXPECT_EQ(named("ok").identifier(), "ok");
+  EXPECT_EQ(named("ok").value(), ElementValue("1"));
+  EXPECT_EQ(named("ok").frame(), (Rect{{0, 0}, {50, 50}}));
+  EXPECT_EQ(named("note").value(), ElementValue());
+  EXPECT_FALSE(named("hidden").isHittable());
+  EXPECT_EQ(elapsed(), 0ms);
+}
+
+TEST_F(SimulatedDriverTest, QuestionsAboutAnAbsentElementDoNotRaise) {
+  start();
+  for (const XCUIElement& absent :
+       {named("nobody"), APP.buttons().elementBoundBy(2), XCUIElement(OTHER), OTHER.buttons().firstMatch(),
+        APP.windows().elementBoundBy(1).buttons().element()}) {
+    EXPECT_FALSE(absent.exists()) << describe(absent);
+    EXPECT_FALSE(absent.isHittable()) << describe(absent);
+    EXPECT_EQ(absent.label(), "") << describe(absent);
+    EXPECT_EQ(absent.identifier(), "") << describe(absent);
+    EXPECT_EQ(absent.value(), ElementValue()) << describe(absent);
+    EXPECT_EQ(absent.frame(), Rect()) << describe(absent);
+  }
+}
+
+TEST_F(SimulatedDriverTest, AnApplicationThatDoesNotRunHasNoElements) {
+  switchOn();
+  EXPECT_FALSE(APP.exists());
+  EXPECT_EQ(APP.descendants(ElementType::any).count(), 0);
+  EXPECT_EQ(APP.buttons().firstMatch().debugDescription(),
+            "Query chain:\n →Find: Application 'com.example.test'\n  ↪︎Find: Descendants matching type Button\n"
+            "    ↪︎Find: Element at index 0\n");
+}
+
+TEST_F(SimulatedDriverTest, AnApplicationBehindAnotherKeepsItsElementsButNoneIsHittable) {
+  start();
+  XCUIDevice::sharedDevice().pressButton(XCUIDeviceButton::home);
+  EXPECT_TRUE(named("ok").exists());
+  EXPECT_EQ(named("ok").label(), "OK");
+  EXPECT_FALSE(named("ok").isHittable());
+  EXPECT_FALSE(APP.isHittable());
+  EXPECT_TRUE(HOME.isHittable());
+}
+
+TEST_F(SimulatedDriverTest, ElementsComeInDocumentOrderWithoutTheRoot) {
+  start();
+  const XCUIElementQuery all = APP.windows().firstMatch().descendants(ElementType::any);
+  std::vector<std::string> identifiers;
+  for (std::size_t index = 0; index < all.count(); ++index) {
+    identifiers.push_back(all.elementBoundBy(index).identifier());
+  }
+  EXPECT_THAT(identifiers, ElementsAre("ok", "group", "inner", "note", "field", "switch", "hidden"));
+}
+
+TEST_F(SimulatedDriverTest, NoElementIsCountedTwice) {
+  start();
+  const XCUIElementQuery others = APP.descendants(ElementType::other);
+  EXPECT_EQ(others.count(), 2);
+  EXPECT_EQ(others.appending(DescendantsStep{ElementType::staticText}).count(), 1);
+}
+
+TEST_F(SimulatedDriverTest, ASingleMatchIsTheFirstOfSeveral) {
+  start();
+  EXPECT_EQ(APP.buttons().element().identifier(), "ok");
+  EXPECT_EQ(APP.buttons()["OK"].identifier(), "ok");
+}
+
+TEST_F(SimulatedDriverTest, AnIdentifierStepComparesTheIdentifierOrTheLabel) {
+  start();
+  EXPECT_EQ(APP.buttons().matchingIdentifier("OK").count(), 2);
+  EXPECT_EQ(APP.buttons().matchingIdentifier("hidden").count(), 1);
+}
+
+TEST_F(SimulatedDriverTest, PredicatesSeeTheAttributes) {
+  start();
+  struct Row {
+    std::string_view format;
+    std::string_view identifier;
+  };
+  const Row ROWS[] = {
+      {"label == 'Lamp'", "note"},
+      {"identifier == 'inner'", "inner"},
+      {"placeholderValue == 'Name'", "field"},
+      {"value == '0'", "switch"},
+      {"enabled == FALSE", "hidden"},
+      {"selected == TRUE", "hidden"},
+      {"exists == TRUE AND label == 'OK'", "ok"},
+      {"hittable == FALSE AND label == 'OK'", "hidden"},
+  };
+  for (const auto& [format, identifier] : ROWS) {
+    const auto all = APP.windows().firstMatch().descendants(ElementType::any);
+    EXPECT_EQ(all.elementMatching(NSPredicate(format)).identifier(), identifier) << format;
+  }
+}
+
+TEST_F(SimulatedDriverTest, AnUnknownAttributeRaisesWithTheOperationNamed) {
+  start();
+  const XCUIElementQuery query = APP.buttons().matching(NSPredicate("title == 'OK'"));
+  const std::string reason =
+      R"(the Button descendants, matching title == "OK" of the application "com.example.test" on the simulated phone: )"
+      R"(elements have no attribute "title"; they have label, identifier, placeholderValue, value, enabled, selected, )"
+      "exists, hittable";
+  expectFailure([&] { query.count(); }, "count of " + reason);
+  const XCUIElement element = query.firstMatch();
+  const std::string ofElement = " of the element (first) of " + reason;
+  expectFailure([&] { element.exists(); }, "exists" + ofElement);
+  expectFailure([&] { element.label(); }, "label" + ofElement);
+  expectFailure([&] { element.identifier(); }, "identifier" + ofElement);
+  expectFailure([&] { element.value(); }, "value" + ofElement);
+  expectFailure([&] { element.frame(); }, "frame" + ofElement);
+  expectFailure([&] { element.isHittable(); }, "isHittable" + ofElement);
+  expectFailure([&] { element.debugDescription(); }, "debugDescription" + ofElement);
+  expectFailure([&] { element.waitForExistence(1s); }, "waitForExistence" + ofElement);
+  expectFailure([&] { element.tap(); }, "tap" + ofElement);
+  expectFailure([&] { element.typeText("a"); }, "typeText" + ofElement);
+}
+
+TEST_F(SimulatedDriverTest, APatternThatDoesNotCompileRaisesWhenItIsAskedFor) {
+  start();
+  const XCUIElementQuery query = APP.buttons().matching(NSPredicate("label MATCHES '('"));
+  expectFailure([&] { query.count(); },
+                R"(count of the Button descendants, matching label MATCHES "(" of the application "com.example.test" )"
+                R"(on the simulated phone: the regular expression "(" cannot be read: a parenthesis has no partner, )"
+                "at character 1");
+}
+
+TEST_F(SimulatedDriverTest, NoPatternIsAskedForInAnApplicationThatDoesNotRun) {
+  switchOn();
+  EXPECT_EQ(APP.buttons().matching(NSPredicate("label MATCHES '('")).count(), 0);
+  EXPECT_FALSE(APP.buttons().elementMatching(NSPredicate("label MATCHES '('")).exists());
+}
+
+// Waiting.
+
+TEST_F(SimulatedDriverTest, AWaitChecksAtOnce) {
+  start();
+  for (const double timeout : {10.0, 0.0, -1.0, NOT_A_NUMBER, INFINITE}) {
+    EXPECT_EQ(driver().waitForExistence(named("ok"), Seconds(timeout)), XCTWaiterResult::completed) << timeout;
+    EXPECT_EQ(driver().waitForPredicate(named("ok"), NSPredicate("enabled == TRUE"), Seconds(timeout)),
+              XCTWaiterResult::completed)
+        << timeout;
+  }
+  EXPECT_EQ(elapsed(), 0ms);
+}
+
+TEST_F(SimulatedDriverTest, AWaitWithoutTimeChecksOnce) {
+  start();
+  for (const double timeout : {0.0, -1.0, -INFINITE, NOT_A_NUMBER}) {
+    EXPECT_EQ(driver().waitForExistence(named("nobody"), Seconds(timeout)), XCTWaiterResult::timedOut) << timeout;
+    EXPECT_EQ(driver().waitForPredicate(named("ok"), NSPredicate("enabled == FALSE"), Seconds(timeout)),
+              XCTWaiterResult::timedOut)
+        << timeout;
+  }
+  EXPECT_EQ(elapsed(), 0ms);
+}
+
+TEST_F(SimulatedDriverTest, AWaitTimesOutAtItsDeadline) {
+  start();
+  EXPECT_EQ(driver().waitForExistence(named("nobody"), 1234ms), XCTWaiterResult::timedOut);
+  EXPECT_EQ(elapsed(), 1234ms);
+  EXPECT_EQ(driver().waitForPredicate(named("ok"), NSPredicate("enabled == FALSE"), 66ms), XCTWaiterResult::timedOut);
+  EXPECT_EQ(elapsed(), 1300ms);
+}
+
+TEST_F(SimulatedDriverTest, AHugeTimeoutSaturates) {
+  start();
+  EXPECT_EQ(driver().waitForExistence(named("ok"), Seconds(1e300)), XCTWaiterResult::completed);
+  EXPECT_EQ(driver().waitForPredicate(named("nobody"), NSPredicate("exists == FALSE"), Seconds(1e300)),
+            XCTWaiterResult::completed);
+  EXPECT_EQ(elapsed(), 0ms);
+}
+
+TEST_F(SimulatedDriverTest, WaitingForAnAbsentElementToVanishCompletesAtOnce) {
+  switchOn();
+  for (const XCUIElement& absent : {named("nobody"), XCUIElement(OTHER)}) {
+    EXPECT_EQ(driver().waitForPredicate(absent, NSPredicate("exists == FALSE"), 10s), XCTWaiterResult::completed);
+    EXPECT_EQ(driver().waitForPredicate(absent, NSPredicate("label == '' AND NOT value == ''"), 10s),
+              XCTWaiterResult::completed);
+  }
+  EXPECT_EQ(elapsed(), 0ms);
+}
+
+TEST_F(SimulatedDriverTest, AWaitForWhatElementsDoNotHaveRaises) {
+  start();
+  expectFailure([this] { driver().waitForPredicate(APP, NSPredicate("label MATCHES '('"), 1s); },
+                R"(waitForPredicate of the application "com.example.test" on the simulated phone: the regular )"
+                R"(expression "(" cannot be read: a parenthesis has no partner, at character 1)");
+  expectFailure(
+      [this] { driver().waitForPredicate(APP, NSPredicate("title == 'a'"), 1s); },
+      R"(waitForPredicate of the application "com.example.test" on the simulated phone: elements have no )"
+      R"(attribute "title"; they have label, identifier, placeholderValue, value, enabled, selected, exists, )"
+      "hittable");
+  EXPECT_EQ(elapsed(), 0ms);
+}
+
+// Acting.
+
+TEST_F(SimulatedDriverTest, ActingOnAnAbsentElementRaises) {
+  start();
+  const XCUIElement nobody = named("nobody");
+  const std::string reason =
+      R"(the element (single) of the descendants, keyed "nobody" of the application "com.example.test")"
+      " on the simulated phone: it does not exist";
+  expectFailure([&] { nobody.tap(); }, "tap of " + reason);
+  expectFailure([&] { nobody.press(1s); }, "press of " + reason);
+  expectFailure([&] { nobody.typeText("a"); }, "typeText of " + reason);
+  expectFailure([&] { nobody.coordinate({0.5, 1}).tap(); }, "tap of the point (0.5, 1) of " + reason);
+  expectFailure([&] { nobody.coordinate({0.5, 1}).press(1s); }, "press of the point (0.5, 1) of " + reason);
+  expectFailure([] { OTHER.tap(); },
+                R"(tap of the application "com.example.other" on the simulated phone: it does not exist)");
+  EXPECT_EQ(elapsed(), 0ms);
+}
+
+TEST_F(SimulatedDriverTest, TapAndPressLandAtTheHitPoint) {
+  start();
+  named("switch").tap();
+  EXPECT_EQ(named("switch").value(), ElementValue("1"));
+  named("switch").press(2s);
+  EXPECT_EQ(named("switch").value(), ElementValue("0"));
+  EXPECT_EQ(elapsed(), 2s);
+}
+
+TEST_F(SimulatedDriverTest, ATapDoesNotAskWhetherTheElementIsHittable) {
+  start(R"(<Button name="below" x="0" y="0" width="50" height="50"/>)"
+        R"(<Switch name="above" value="0" x="0" y="0" width="50" height="50"/>)");
+  EXPECT_FALSE(named("below").isHittable());
+  named("below").tap();
+  EXPECT_EQ(named("above").value(), ElementValue("1"));
+}
+
+TEST_F(SimulatedDriverTest, AnElementThatIsNotOnTheScreenCannotBeTapped) {
+  start();
+  expectFailure([] { named("hidden").tap(); },
+                R"(tap of the element (single) of the descendants, keyed "hidden" of the application )"
+                R"("com.example.test" on the simulated phone: no part of it is on the screen)");
+}
+
+TEST_F(SimulatedDriverTest, APressTakesItsDuration) {
+  start();
+  struct Row {
+    double duration;
+    std::chrono::milliseconds elapsed;
+  };
+  for (const auto& [duration, expected] :
+       {Row{1.5, 1500ms}, Row{0, 0ms}, Row{-1, 0ms}, Row{NOT_A_NUMBER, 0ms}, Row{-INFINITE, 0ms}}) {
+    started_ = platform_->elapsed();
+    named("ok").press(Seconds(duration));
+    EXPECT_EQ(elapsed(), expected) << duration;
+    named("ok").coordinate({0.5, 0.5}).press(Seconds(duration));
+    EXPECT_EQ(elapsed(), 2 * expected) << duration;
+  }
+}
+
+TEST_F(SimulatedDriverTest, ATapOnAPointLandsWithinTheElementOrBesideIt) {
+  start();
+  named("ok").coordinate({0.9, 0.9}).tap();
+  EXPECT_EQ(named("switch").value(), ElementValue("0"));
+  named("ok").coordinate({1.5, 0.5}).tap();
+  EXPECT_EQ(named("switch").value(), ElementValue("1"));
+}
+
+TEST_F(SimulatedDriverTest, APointOutsideTheScreenOrNotFiniteLandsOnNothing) {
+  start(R"(<Switch name="switch" value="0" x="-500" y="-500" width="2000" height="2000"/>)");
+  for (const NormalizedOffset offset :
+       {NormalizedOffset{-0.1, 0.5}, NormalizedOffset{1, 0.5}, NormalizedOffset{0.5, 7},
+        NormalizedOffset{INFINITE, 0.5}, NormalizedOffset{0.5, -INFINITE}, NormalizedOffset{NOT_A_NUMBER, 0.5}}) {
+    APP.coordinate(offset).tap();
+    APP.coordinate(offset).press(1ms);
+    EXPECT_EQ(named("switch").value(), ElementValue("0")) << offset.dx << ", " << offset.dy;
+  }
+}
+
+TEST_F(SimulatedDriverTest, TextIsTypedIntoTheFieldThatHasTheFocus) {
+  start();
+  named("field").tap();
+  named("field").typeText("Ada");
+  EXPECT_EQ(named("field").value(), ElementValue("Ada"));
+  APP.typeText(" L.");
+  EXPECT_EQ(named("field").value(), ElementValue("Ada L."));
+}
+
+TEST_F(SimulatedDriverTest, TypingWithoutTheFocusRaises) {
+  start();
+  const std::string reason = " on the simulated phone: neither it nor anything in it has the keyboard's focus";
+  expectFailure([] { APP.typeText("a"); }, R"(typeText of the application "com.example.test")" + reason);
+  named("field").tap();
+  expectFailure(
+      [] { named("ok").typeText("a"); },
+      R"(typeText of the element (single) of the descendants, keyed "ok" of the application "com.example.test")" +
+          reason);
+  EXPECT_EQ(named("field").value(), ElementValue());
+}
+
+TEST_F(SimulatedDriverTest, ThePhoneDoesNotScrollYet) {
+  start();
+  expectFailure(
+      [] { APP.swipe(SwipeDirection::up); },
+      R"(swipe of the application "com.example.test" on the simulated phone: this phone does not scroll yet)");
+  expectFailure(
+      [] {
+        APP.coordinate({0, 0}).pressThenDrag(1s, APP.coordinate({1, 1}));
+      },
+      R"(pressThenDrag of the point (0, 0) of the application "com.example.test" on the simulated phone: )"
+      "this phone does not scroll yet");
+}
+
+TEST_F(SimulatedDriverTest, APatternOfARuleThatBacktracksForEverFailsTheTap) {
+  start("<Button label='" + std::string(40, 'a') + "' x='0' y='0' width='50' height='50'/>",
+        R"([{"on": "tap", "element": "label MATCHES '(a+)+b'", "do": []}])");
+  expectFailure([] { APP.buttons().firstMatch().tap(); },
+                R"(tap of the element (first) of the Button descendants of the application "com.example.test" on the )"
+                R"(simulated phone: the regular expression "(a+)+b" was given up: it takes too long on this text)");
+}
+
+// The device.
+
+TEST_F(SimulatedDriverTest, Buttons) {
+  start();
+  XCUIDevice& device = XCUIDevice::sharedDevice();
+  device.pressButton(XCUIDeviceButton::home);
+  EXPECT_TRUE(platform_->phone().isInFront("com.apple.springboard"));
+  device.pressButton(XCUIDeviceButton::volumeUp);
+  EXPECT_EQ(platform_->phone().volume(), 56.25);
+  for (int press = 0; press < 20; ++press) {
+    device.pressButton(XCUIDeviceButton::volumeUp);
+  }
+  EXPECT_EQ(platform_->phone().volume(), 100);
+  for (int press = 0; press < 20; ++press) {
+    device.pressButton(XCUIDeviceButton::volumeDown);
+  }
+  EXPECT_EQ(platform_->phone().volume(), 0);
+}
+
+TEST_F(SimulatedDriverTest, TheScreenshotChangesWithTheScreenAlone) {
+  start();
+  const std::optional<Data> picture = XCUIScreen::mainScreen().pngScreenshot();
+  ASSERT_TRUE(picture);
+  EXPECT_THAT(std::string(textOf(*picture)), StartsWith("\x89PNG\r\n\x1A\n"));
+  EXPECT_EQ(XCUIScreen::mainScreen().pngScreenshot(), picture);
+  named("switch").tap();
+  EXPECT_NE(XCUIScreen::mainScreen().pngScreenshot(), picture);
+  named("switch").tap();
+  EXPECT_EQ(XCUIScreen::mainScreen().pngScreenshot(), picture);
+}
+
+TEST_F(SimulatedDriverTest, DescribesWhatIsThere) {
+  start(R"(<Button label="OK" x="0" y="0" width="50" height="50"/>)");
+  EXPECT_EQ(APP.debugDescription(), R"(Attributes: Application, 0x100000000, pid: 102, label: 'Test'
+Element subtree:
+ →Application, 0x100000000, pid: 102, label: 'Test'
+    Window (Main), 0x100000040, {{0.0, 0.0}, {100.0, 200.0}}
+      Button, 0x100000080, {{0.0, 0.0}, {50.0, 50.0}}, label: 'OK'
+Path to element:
+ →Application, 0x100000000, pid: 102, label: 'Test'
+Query chain:
+ →Find: Application 'com.example.test'
+  Output: {
+    Application, 0x100000000, pid: 102, label: 'Test'
+  }
+
+)");
+  EXPECT_THAT(HOME.debugDescription(), StartsWith("Attributes: Application, 0x100000000, pid: 101, label: ' '\n"));
+  EXPECT_EQ(
+      APP.staticTexts().firstMatch().debugDescription(),
+      "Query chain:\n →Find: Application 'com.example.test'\n  ↪︎Find: Descendants matching type StaticText\n"
+      "    ↪︎Find: Element at index 0\n");
+}
+
+// Interruptions.
+
+constexpr const char* SWITCH = R"(<Switch name="switch" value="0" x="0" y="0" width="100" height="200"/>)";
+constexpr const char* ASKING = R"([{"on": "launch", "do": [
+    {"alert": {"title": "first", "buttons": ["No", "Yes"]}, "answer": "first"},
+    {"alert": {"title": "second", "buttons": ["OK"]}}]}])";
+
+/// The switch with two alerts in front of it, and handlers that write down what they are asked.
+class InterruptionTest : public SimulatedDriverTest {
+ protected:
+  InterruptionTest() { start(SWITCH, ASKING); }
+
+  InterruptionMonitorToken add(const std::string& name, InterruptionHandler handler) {
+    return driver().addInterruptionMonitor(name, [this, name, handler = std::move(handler)](const XCUIElement& alert) {
+      asked_.push_back(name + ": " + alert.label());
+      return handler(alert);
+    });
+  }
+
+  static bool press(const XCUIElement& alert) {
+    alert.buttons().firstMatch().tap();
+    return true;
+  }
+  static bool refuse(const XCUIElement&) { return false; }
+  static bool claim(const XCUIElement&) { return true; }
+
+  std::string alertThatIsUp() const {
+    const SystemAlert* const alert = platform_->phone().alert();
+    return alert == nullptr ? "none" : alert->alert().label;
+  }
+
+  bool isOn() { return named("switch").value() == ElementValue("1"); }
+
+  std::vector<std::string> asked_;
+};
+
+TEST_F(InterruptionTest, StackedAlertsAreDealtWithOneAfterTheOtherAndThenTheActionIsCarriedOut) {
+  add("presser", press);
+  named("switch").tap();
+  EXPECT_THAT(asked_, ElementsAre("presser: second", "presser: first"));
+  EXPECT_EQ(alertThatIsUp(), "none");
+  EXPECT_TRUE(isOn());
+}
+
+TEST_F(InterruptionTest, HandlersAreAskedInReverseOrderUntilOneAnswersTrue) {
+  add("never asked", press);
+  add("presser", press);
+  add("refuser", refuse);
+  named("switch").tap();
+  EXPECT_THAT(asked_, ElementsAre("refuser: second", "presser: second", "refuser: first", "presser: first"));
+  EXPECT_TRUE(isOn());
+}
+
+TEST_F(InterruptionTest, WhereNoHandlerAnswersTrueTheTouchLandsOnTheAlert) {
+  add("refuser", refuse);
+  named("switch").tap();
+  EXPECT_THAT(asked_, ElementsAre("refuser: second"));
+  EXPECT_EQ(alertThatIsUp(), "second");
+  EXPECT_FALSE(isOn());
+  named("switch").coordinate({0.5, 0.75}).tap();
+  EXPECT_EQ(alertThatIsUp(), "first") << "the touch landed on the alert's button";
+  EXPECT_FALSE(isOn());
+}
+
+TEST_F(InterruptionTest, WithoutAHandlerTheTouchLandsOnTheAlert) {
+  named("switch").tap();
+  EXPECT_EQ(alertThatIsUp(), "second");
+  EXPECT_FALSE(isOn());
+}
+
+TEST_F(InterruptionTest, EveryActingPrimitiveAsks) {
+  add("refuser", refuse);
+  const XCUIElement element = named("switch");
+  element.tap();
+  element.press(1s);
+  element.coordinate({0, 0}).tap();
+  element.coordinate({0, 0}).press(1s);
+  EXPECT_THROW(element.typeText("a"), UIAutomationError);
+  EXPECT_EQ(asked_, std::vector<std::string>(5, "refuser: second"));
+}
+
+TEST_F(InterruptionTest, AnActionMadeInsideAHandlerAsksNobody) {
+  add("bystander", refuse);
+  add("acting", [](const XCUIElement& alert) {
+    named("switch").tap();
+    alert.buttons().firstMatch().tap();
+    return true;
+  });
+  named("switch").tap();
+  EXPECT_THAT(asked_, ElementsAre("acting: second", "acting: first"));
+  EXPECT_TRUE(isOn()) << "the handler's own taps landed on the alerts";
+}
+
+TEST_F(InterruptionTest, QuestionsWaitsAndTheDeviceAskNobody) {
+  add("presser", press);
+  const XCUIElement element = named("switch");
+  EXPECT_TRUE(element.exists());
+  EXPECT_EQ(element.label(), "");
+  EXPECT_EQ(element.identifier(), "switch");
+  EXPECT_EQ(element.value(), ElementValue("0"));
+  EXPECT_EQ(element.frame(), (Rect{{0, 0}, {100, 200}}));
+  EXPECT_EQ(APP.buttons().count(), 0);
+  EXPECT_FALSE(element.debugDescription().empty());
+  EXPECT_TRUE(element.waitForExistence(1s));
+  EXPECT_EQ(driver().waitForPredicate(element, NSPredicate("enabled == FALSE"), 1s), XCTWaiterResult::timedOut);
+  EXPECT_TRUE(XCUIScreen::mainScreen().pngScreenshot());
+  XCUIDevice::sharedDevice().pressButton(XCUIDeviceButton::volumeUp);
+  XCUIDevice::sharedDevice().pressButton(XCUIDeviceButton::home);
+  EXPECT_THAT(asked_, IsEmpty());
+  EXPECT_EQ(alertThatIsUp(), "second");
+}
+
+TEST_F(InterruptionTest, AnAlertDoesNotMakeAnElementUnhittable) {
+  EXPECT_TRUE(named("switch").isHittable());
+  EXPECT_EQ(APP.descendants(ElementType::any).matching(NSPredicate("hittable == TRUE")).count(), 2);
+}
+
+TEST_F(InterruptionTest, AHandlerThatLeavesTheAlertStandingIsAskedOncePerAction) {
+  add("claimer", claim);
+  named("switch").tap();
+  EXPECT_THAT(asked_, ElementsAre("claimer: second"));
+  named("switch").tap();
+  EXPECT_THAT(asked_, ElementsAre("claimer: second", "claimer: second"));
+  EXPECT_FALSE(isOn());
+}
+
+TEST_F(InterruptionTest, WhatAHandlerRaisesPassesAndTheNextActionAsksAgain) {
+  add("throwing", [](const XCUIElement&) -> bool { throw std::runtime_error("no idea"); });
+  EXPECT_THAT([] { named("switch").tap(); }, ThrowsMessage<std::runtime_error>("no idea"));
+  EXPECT_THAT([] { named("switch").tap(); }, ThrowsMessage<std::runtime_error>("no idea"));
+  EXPECT_THAT(asked_, ElementsAre("throwing: second", "throwing: second"));
+  EXPECT_FALSE(isOn());
+}
+
+TEST_F(InterruptionTest, ARemovedHandlerIsNotAsked) {
+  const InterruptionMonitorToken token = add("removed", press);
+  driver().removeInterruptionMonitor(token);
+  driver().removeInterruptionMonitor(token);
+  named("switch").tap();
+  EXPECT_THAT(asked_, IsEmpty());
+  EXPECT_EQ(alertThatIsUp(), "second");
+}
+
+TEST_F(InterruptionTest, WithoutAnAlertNoHandlerIsAsked) {
+  add("presser", press);
+  named("switch").tap();
+  asked_.clear();
+  named("switch").tap();
+  EXPECT_THAT(asked_, IsEmpty());
+  EXPECT_FALSE(isOn());
+}
+
+TEST_F(InterruptionTest, AHandlerSeesTheAlertAndAllThatIsInIt) {
+  std::vector<std::string> words;
+  std::optional<XCUIElement> kept;
+  const InterruptionMonitorToken token = add("looking", [&](const XCUIElement& alert) {
+    words.push_back(describe(alert));
+    words.push_back(alert.staticTexts().firstMatch().label());
+    words.push_back(alert.buttons().firstMatch().label());
+    EXPECT_TRUE(alert.exists());
+    EXPECT_TRUE(alert.isHittable());
+    EXPECT_TRUE(alert.buttons()["OK"].isHittable());
+    EXPECT_THAT(alert.debugDescription(), StartsWith("Attributes: Alert, "));
+    kept = alert;
+    return false;
+  });
+  named("switch").tap();
+  driver().removeInterruptionMonitor(token);
+  EXPECT_THAT(words, ElementsAre("the system alert \"second\"", "second", "OK"));
+  ASSERT_TRUE(kept);
+  EXPECT_TRUE(kept->exists());
+  kept->buttons()["OK"].coordinate({0.5, 0.5}).tap();
+  EXPECT_EQ(alertThatIsUp(), "first");
+  EXPECT_FALSE(kept->exists()) << "it was the alert that is gone";
+  EXPECT_EQ(kept->debugDescription(), "Query chain:\n →Find: the system alert \"second\"\n");
+  expectFailure([&] { kept->tap(); }, R"(tap of the system alert "second" on the simulated phone: it does not exist)");
+}
+
+TEST_F(InterruptionTest, TheAlertsAreElementsOfTheHomeApplication) {
+  EXPECT_EQ(HOME.descendants(ElementType::alert).count(), 2);
+  EXPECT_TRUE(HOME.buttons()["OK"].exists());
+  EXPECT_TRUE(HOME.buttons()["OK"].isHittable());
+  EXPECT_FALSE(HOME.buttons()["Yes"].isHittable()) << "another alert is in front of it";
+  HOME.buttons()["OK"].tap();
+  EXPECT_EQ(alertThatIsUp(), "first");
+  HOME.buttons()["Yes"].tap();
+  EXPECT_EQ(alertThatIsUp(), "none");
+}
+
+TEST_F(InterruptionTest, AnElementHandedOverByAnotherDriverDoesNotExist) {
+  class ForeignHandle final : public ElementHandle {
+   public:
+    std::string description() const override { return "a foreign element"; }
+  };
+  const XCUIElement foreign{QueryRoot(std::make_shared<const ForeignHandle>())};
+  EXPECT_FALSE(foreign.exists());
+  EXPECT_EQ(foreign.buttons().count(), 0);
+}
+
+}  // namespace
+}  // namespace quobrak::simulator

@@ -216,9 +216,9 @@ TEST_F(ConfinedFileManagerTest, WhatLeavesTheDocumentDirectoryIsRefusedByEveryOp
         << path;
     EXPECT_THAT([&] { manager.write(bytesOf("text"), path); }, raises(saving)) << path;
     // Names the folder on the way that leads outside, which is not always the last one.
-    EXPECT_THAT([&] { manager.createDirectory(path); },
-                testing::ThrowsMessage<FileManagerError>(
-                    testing::StartsWith("You don’t have permission to save the file “")))
+    EXPECT_THAT(
+        [&] { manager.createDirectory(path); },
+        testing::ThrowsMessage<FileManagerError>(testing::StartsWith("You don’t have permission to save the file “")))
         << path;
     EXPECT_THAT([&] { manager.removeItem(path); },
                 raises("“" + name + "” couldn’t be removed because you don’t have permission to access it."))

@@ -43,7 +43,8 @@ TEST(XCUIElement, InWords) {
       {APP.staticTexts().element(),
        R"(the element (single) of the StaticText descendants of the application "com.example.test")"},
       {APP.windows().firstMatch().descendants(ElementType::cell).firstMatch(),
-       R"(the element (first) of the Window descendants, first, Cell descendants of the application "com.example.test")"},
+       R"(the element (first) of the Window descendants, first, Cell descendants of the application )"
+       R"("com.example.test")"},
   };
   for (const auto& [element, words] : ROWS) {
     EXPECT_EQ(describe(element), words);
