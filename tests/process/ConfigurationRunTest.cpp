@@ -152,8 +152,7 @@ TEST_F(ConfigurationRun, RefusesADocumentsDirectoryThatIsAFile) {
   start.environment["QUOBRAK_DOCUMENTS"] = "file";
   const ProcessEnd end = run();
   EXPECT_EQ(end.exitStatus, 2);
-  EXPECT_EQ(end.err,
-            "configuration error: QUOBRAK_DOCUMENTS is \"file\", which cannot be used: it is no folder\n");
+  EXPECT_EQ(end.err, "configuration error: QUOBRAK_DOCUMENTS is \"file\", which cannot be used: it is no folder\n");
 }
 
 TEST_F(ConfigurationRun, RefusesATraceThatCannotBeWritten) {
