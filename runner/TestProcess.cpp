@@ -18,6 +18,7 @@
 #include "platform/foundation/VirtualClock.h"
 #include "quobrakUITests/RunObserver.h"
 #include "quobrakUITests/quobrakUITests.h"
+#include "runner/MadeFolders.h"
 #include "runner/TimedFileManager.h"
 #include "runner/Trace.h"
 #include "runner/TracingDriver.h"
@@ -41,25 +42,13 @@ std::optional<std::string> rawVariable(const std::string& name) {
   return value == nullptr ? std::nullopt : std::optional<std::string>(value);
 }
 
-[[noreturn]] void refuseDocuments(const std::string& path, const std::string& reason) {
-  throw ConfigurationError("QUOBRAK_DOCUMENTS is \"" + path + "\", which cannot be used: " + reason);
-}
-
-void requireNoFile(const std::string& path) {
-  std::error_code ignored;
-  if (std::filesystem::exists(path, ignored) && !std::filesystem::is_directory(path, ignored)) {
-    refuseDocuments(path, "it is no folder");
-  }
-}
-
-/// The Documents directory, made where it is missing.
 std::unique_ptr<FileManager> openDocuments(const std::string& path) {
-  std::error_code error;
-  std::filesystem::create_directories(path, error);
   try {
     return std::make_unique<ConfinedFileManager>(path);
   } catch (const FileManagerError& unusable) {
-    refuseDocuments(path, unusable.what());
+    const bool isFile = std::filesystem::is_regular_file(path);
+    throw ConfigurationError("QUOBRAK_DOCUMENTS is \"" + path +
+                             "\", which cannot be used: " + (isFile ? "it is no folder" : unusable.what()));
   }
 }
 
@@ -67,13 +56,15 @@ std::unique_ptr<FileManager> openDocuments(const std::string& path) {
 class InstalledPlatform {
  public:
   explicit InstalledPlatform(const Configuration& configuration) {
-    // Everything that can be wrong comes before anything is made.
+    // A run that is refused leaves nothing behind. The trace comes last, because opening it empties it, and because it
+    // may lie in the Documents directory.
     simulator::PhoneDescription phone = loadPhone(configuration.phone);
-    requireNoFile(configuration.documents);
+    MadeFolders documents(configuration.documents);
+    std::unique_ptr<FileManager> files = openDocuments(configuration.documents);
     if (configuration.trace) {
       output_.emplace(*configuration.trace);
     }
-    std::unique_ptr<FileManager> files = openDocuments(configuration.documents);
+    documents.keep();
 
     if (configuration.clock == ClockKind::virtualTime) {
       Clock::install(std::make_unique<VirtualClock>());

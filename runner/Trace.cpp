@@ -78,9 +78,15 @@ TraceOutput::TraceOutput(const std::string& destination)
     : file_(destination.starts_with(DESCRIPTOR_PREFIX) ? openDescriptor(destination) : openFile(destination)) {}
 
 void TraceOutput::write(JSONValue::Object event) {
-  if (file_ != nullptr) {
+  if (file_ == nullptr) {
+    return;
+  }
+  try {
     const std::string line = JSONEncoder::encode(std::move(event)) + "\n";
     giveUpUnless(std::fwrite(line.data(), 1, line.size(), file_.get()) == line.size());
+  } catch (const std::runtime_error&) {
+    // A text that is no text, in an error of some driver, say.
+    giveUpUnless(false);
   }
 }
 

@@ -20,7 +20,7 @@ void drawNavigationBar(const Canvas& canvas, const Element& element, const Rect&
   drawBar(canvas, frame, frame.origin.y + frame.size.height - HAIRLINE);
   if (!hasTextBelow(element)) {
     const std::string& title = element.label.empty() ? element.identifier : element.label;
-    canvas.text(title, inset(frame, ROOM_FOR_BUTTONS, 0),
+    canvas.text(title, inset(frame, std::min(ROOM_FOR_BUTTONS, frame.size.width / 4), 0),
                 {.size = 16, .color = BLACK, .boldFrom = ALWAYS_BOLD, .alignment = Alignment::CENTER});
   }
 }

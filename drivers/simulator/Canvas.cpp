@@ -13,7 +13,8 @@ namespace {
 
 constexpr double LINE_HEIGHT = 1.2;
 // Frames are often given in whole points where the text would need a fraction more.
-constexpr double HEIGHT_TOLERANCE = 1.1;
+constexpr double HEIGHT_TOLERANCE = 1.03;
+constexpr double LARGEST_WRAPPED = 17.5;
 
 const TextFont& fontOf(const TextStyle& style, double size) {
   return size >= style.boldFrom ? TextFont::bold() : TextFont::regular();
@@ -45,7 +46,8 @@ FittedText fitted(std::string_view text, const Size& room, const TextStyle& styl
       glyphs = font->glyphsOf(text);
     }
     const bool isSmallest = size - 1 < style.smallestSize;
-    const double lines = style.wraps ? std::floor(room.height * HEIGHT_TOLERANCE / (size * LINE_HEIGHT)) : 1;
+    const double lines =
+        style.wraps && size <= LARGEST_WRAPPED ? std::floor(room.height * HEIGHT_TOLERANCE / (size * LINE_HEIGHT)) : 1;
     const auto maximumLines = static_cast<std::size_t>(std::max(lines, 1.0));
     const BrokenText broken = brokenIntoLines(glyphs, room.width / size, maximumLines);
     if (isSmallest || (broken.isComplete && !broken.breaksWords)) {

@@ -31,7 +31,7 @@ struct TextStyle {
   Color color{};
   /// The smallest size at which the text is bold.
   double boldFrom = NEVER_BOLD;
-  /// Whether the text may take as many lines as its frame has room for.
+  /// Whether the text may take as many lines as its frame has room for. Large text stays a headline of one line.
   bool wraps = false;
   Alignment alignment = Alignment::LEFT;
   /// Whether the text begins at the top of its frame instead of standing in its middle.

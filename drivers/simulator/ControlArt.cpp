@@ -17,20 +17,6 @@ bool isOn(const Element& element) {
   return element.value == "1" || element.value == "true";
 }
 
-bool isInBar(const Element& element) {
-  return isWithin(element, ElementType::navigationBar) || isWithin(element, ElementType::toolbar);
-}
-
-// Cells and cards have their own surface, on which a filled button would be a block in a block.
-bool isBigAndAlone(const Element& element, const Rect& frame) {
-  constexpr double SMALLEST_HEIGHT = 40;
-  constexpr double SMALLEST_WIDTH = 140;
-  constexpr double GREATEST_HEIGHT = 76;
-  return frame.size.height >= SMALLEST_HEIGHT && frame.size.height <= GREATEST_HEIGHT &&
-         frame.size.width >= SMALLEST_WIDTH && cardAround(element) == nullptr && !isInBar(element) &&
-         !isWithin(element, ElementType::cell);
-}
-
 void drawFilledButton(const Canvas& canvas, const Element& element, const Rect& frame) {
   canvas.fillRounded(frame, 12, element.isEnabled ? TINT : TRACK);
   if (!hasTextBelow(element)) {
@@ -77,6 +63,10 @@ void drawPlainButton(const Canvas& canvas, const Element& element, const Rect& f
   if (hasTextBelow(element) || contains(element, ElementType::image)) {
     return;
   }
+  if (element.label == "chevron") {
+    drawChevron(canvas, {centre(frame).x + 3, centre(frame).y}, 12, true, {0.75, 0.75, 0.78});
+    return;
+  }
   if (frame.size.width < NARROWEST_FOR_WORDS && firstCharacter(element.label) != element.label) {
     drawSignButton(canvas, element, frame);
     return;
@@ -112,7 +102,7 @@ void drawButton(const Canvas& canvas, const Element& element, const Rect& frame)
     drawBackButton(canvas, element, frame);
   } else if (cardAround(element) != nullptr) {
     drawCardButton(canvas, element, frame);
-  } else if (isBigAndAlone(element, frame)) {
+  } else if (isFilledButton(element)) {
     drawFilledButton(canvas, element, frame);
   } else {
     drawPlainButton(canvas, element, frame);

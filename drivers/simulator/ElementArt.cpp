@@ -28,6 +28,10 @@ bool anyBelow(const Element& element, bool (*matches)(const Element&, ElementTyp
                      [&](const auto& child) { return matches(*child, type) || anyBelow(*child, matches, type); });
 }
 
+bool isInBar(const Element& element) {
+  return isWithin(element, ElementType::navigationBar) || isWithin(element, ElementType::toolbar);
+}
+
 }  // namespace
 
 Drawing drawingOf(ElementType type) {
@@ -60,6 +64,17 @@ const Element* cardAround(const Element& element) {
     above = above->parent();
   }
   return above;
+}
+
+// Cells and cards have their own surface, on which a filled button would be a block in a block.
+bool isFilledButton(const Element& element) {
+  constexpr double SMALLEST_HEIGHT = 40;
+  constexpr double SMALLEST_WIDTH = 140;
+  constexpr double GREATEST_HEIGHT = 76;
+  const Size& size = element.frame.size;
+  return element.type == ElementType::button && size.height >= SMALLEST_HEIGHT && size.height <= GREATEST_HEIGHT &&
+         size.width >= SMALLEST_WIDTH && cardAround(element) == nullptr && !isInBar(element) &&
+         !isWithin(element, ElementType::cell);
 }
 
 bool contains(const Element& element, ElementType type) {

@@ -56,6 +56,8 @@ Rect between(const Rect& frame, double left, double right);
 bool isWithin(const Element& element, ElementType type);
 /// The alert, sheet or dialog that the element is in, null for none.
 const Element* cardAround(const Element& element);
+/// Whether the element is a button so big, and so much on its own, that it is drawn as a filled block.
+bool isFilledButton(const Element& element);
 /// Whether some element below is of that type.
 bool contains(const Element& element, ElementType type);
 /// Whether the element's words stand in texts below it, so that drawing them again would double them.

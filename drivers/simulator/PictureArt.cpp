@@ -26,7 +26,8 @@ void drawImage(const Canvas& canvas, const Element& element, const Rect& frame) 
   constexpr double SMALLEST_CAPTIONED = 100;
   constexpr double CAPTION_HEIGHT = 26;
   const double shorter = std::min(frame.size.width, frame.size.height);
-  canvas.fillRounded(frame, std::min(10.0, shorter / 6), IMAGE_FILL);
+  const bool isBanner = frame.origin.x <= 0;
+  canvas.fillRounded(frame, isBanner ? 0 : std::min(10.0, shorter / 6), IMAGE_FILL);
   if (shorter < SMALLEST_LANDSCAPE) {
     return;
   }

@@ -19,7 +19,7 @@ struct PixelView {
 };
 
 /// The pixels as PNG of 8-bit RGB, made for speed rather than for the fewest bytes. None where that cannot be: no
-/// pixels at all, fewer than the measures say, more than PNG can hold, or no memory left.
+/// pixels at all, fewer than the measures say, or more than the PNG library takes.
 std::optional<Data> encodedPng(const PixelView& view);
 
 }  // namespace quobrak::simulator

@@ -11,9 +11,7 @@ namespace quobrak::simulator::painting {
 namespace {
 
 bool isInFilledButton(const Element& element) {
-  const Element* const above = element.parent();
-  return above != nullptr && above->type == ElementType::button && above->frame.size.height >= 40 &&
-         above->frame.size.width >= 140;
+  return element.parent() != nullptr && isFilledButton(*element.parent());
 }
 
 bool isTitle(const Element& element) {

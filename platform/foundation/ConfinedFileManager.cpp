@@ -128,7 +128,7 @@ std::string randomHiddenName() {
 class TemporaryFile {
  public:
   explicit TemporaryFile(const std::string& folder)
-      : path_(appendingPathComponent(folder, randomHiddenName())), file_(path_, O_WRONLY | O_CREAT | O_EXCL, 0644) {}
+      : path_(appendingPathComponent(folder, randomHiddenName())), file_(path_, O_WRONLY | O_CREAT | O_EXCL, 0666) {}
 
   // Once the file has been moved there is nothing left under its first name.
   ~TemporaryFile() { ::unlink(path_.c_str()); }
@@ -286,14 +286,35 @@ std::optional<mode_t> modeOfFile(const std::string& path) {
   return status.st_mode & 07777U;
 }
 
-void writeFile(DataView data, const std::string& path) {
-  const std::optional<mode_t> mode = modeOfFile(path);
+void writeBesideAndMove(DataView data, const std::string& path, std::optional<mode_t> mode) {
   TemporaryFile temporary(deletingLastPathComponent(path));
   temporary.file().write(data);
   if (mode) {
     temporary.file().setMode(*mode);
   }
   temporary.moveOver(path);
+}
+
+void writeInPlace(DataView data, const std::string& path) {
+  OpenFile file(path, O_WRONLY | O_TRUNC, 0);
+  file.write(data);
+  file.close();
+}
+
+void writeFile(DataView data, const std::string& path) {
+  const std::optional<mode_t> mode = modeOfFile(path);
+  if (mode && ::access(path.c_str(), W_OK) == -1) {
+    fail(errno);
+  }
+  try {
+    writeBesideAndMove(data, path, mode);
+  } catch (const std::system_error& error) {
+    // A file can be writable in a folder that is not.
+    if (!mode || error.code().value() != EACCES) {
+      throw;
+    }
+    writeInPlace(data, path);
+  }
 }
 
 std::string readFile(const std::string& path) {
@@ -364,7 +385,8 @@ void ConfinedFileManager::removeItem(const std::string& path) {
 void ConfinedFileManager::createDirectory(const std::string& path) {
   reporting(FileOperation::saving, path, [&] {
     const std::string absolute = lexicallyConfined(root_, path);
-    // From the root on, folder by folder as written, so that a ".." finds the folder before it.
+    ensureFolder(root_);
+    // From there on, folder by folder as written, so that a ".." finds the folder before it.
     for (std::size_t end = std::min(root_.size(), absolute.size()); end < absolute.size();) {
       end = std::min(absolute.find('/', end + 1), absolute.size());
       const std::string folder = absolute.substr(0, end);

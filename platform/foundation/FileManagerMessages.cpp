@@ -1,22 +1,22 @@
 #include "platform/foundation/FileManagerMessages.h"
 
 #include <cerrno>
+#include <cstddef>
+
+#include "platform/foundation/Unicode.h"
 
 namespace quobrak {
 
 namespace {
 
-// A NUL would end the sentence early for whoever reads it as a C string.
+/// Fit to be read and passed on by anyone: a name on a disk may hold bytes that are no text, and a NUL would end the
+/// sentence early for whoever reads it as a C string.
 std::string quoted(std::string_view name) {
-  std::string result = "“";
-  for (const char character : name) {
-    if (character == '\0') {
-      result += "\uFFFD";
-    } else {
-      result += character;
-    }
+  std::string readable = repairedUTF8(name);
+  for (std::size_t nul = readable.find('\0'); nul != std::string::npos; nul = readable.find('\0', nul)) {
+    readable.replace(nul, 1, "\uFFFD");
   }
-  return result + "”";
+  return "“" + readable + "”";
 }
 
 std::string savingMessage(int errorNumber, const std::string& name, const std::string& folder) {

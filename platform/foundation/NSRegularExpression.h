@@ -9,7 +9,7 @@
 
 namespace quobrak {
 
-/// A pattern that does not compile, or a search that was given up because it would backtrack for ever.
+/// A pattern that does not compile, or a match that was given up because it would backtrack for ever.
 class RegularExpressionError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
@@ -25,10 +25,10 @@ class NSRegularExpression {
   NSRegularExpression& operator=(NSRegularExpression&&) noexcept;
 
   /// The first match, as a part of `text`, that lies within the first `searchedUTF16Units` UTF-16 units of the text;
-  /// none where there is no match. Throws `RegularExpressionError` when the search is given up.
+  /// none where there is no match. The search is not bounded, so it is for patterns of our own, on texts of any length.
   std::optional<std::string_view> firstMatch(std::string_view text, std::size_t searchedUTF16Units) const;
 
-  /// Whether the whole text matches. Throws `RegularExpressionError` when the search is given up.
+  /// Whether the whole text matches. Throws `RegularExpressionError` when that takes too long to find out.
   bool matchesWhole(std::string_view text) const;
 
  private:

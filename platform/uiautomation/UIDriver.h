@@ -46,7 +46,7 @@ enum class InterruptionMonitorToken : std::uint64_t {};
 ///
 /// **Interruptions.** Every acting primitive first deals with an alert of the system process that is up: the handlers
 /// are asked, last registered first, until one answers true; then it acts. Where none does, the touch lands on the
-/// alert. An alert of the system process does not make an application's element unhittable. Questions, waits and
+/// alert. An alert of the system process does not make another application's element unhittable. Questions, waits and
 /// device primitives never call handlers, nor does an action made inside a handler.
 ///
 /// **Cost.** What one look-up found may serve the questions and the action that follow it, until the next action, wait

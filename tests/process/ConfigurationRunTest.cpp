@@ -155,6 +155,31 @@ TEST_F(ConfigurationRun, RefusesADocumentsDirectoryThatIsAFile) {
   EXPECT_EQ(end.err, "configuration error: QUOBRAK_DOCUMENTS is \"file\", which cannot be used: it is no folder\n");
 }
 
+TEST_F(ConfigurationRun, ARefusedRunLeavesTheTraceOfAnEarlierOne) {
+  folder.write("file", "");
+  folder.write("trace", "old");
+  start.environment["QUOBRAK_DOCUMENTS"] = "file/Documents";
+  start.environment["QUOBRAK_TRACE"] = "trace";
+  EXPECT_EQ(run().exitStatus, 2);
+  EXPECT_EQ(folder.read("trace"), "old");
+}
+
+TEST_F(ConfigurationRun, ARunRefusedForItsTraceMakesNoFolder) {
+  start.environment["QUOBRAK_DOCUMENTS"] = "new/Documents";
+  start.environment["QUOBRAK_TRACE"] = "fd:77";
+  EXPECT_EQ(run().exitStatus, 2);
+  EXPECT_FALSE(fs::exists(folder.path() / "new"));
+}
+
+TEST_F(ConfigurationRun, ATraceMayLieInADocumentsDirectoryThatIsMade) {
+  start.environment["QUOBRAK_DOCUMENTS"] = "new";
+  start.environment["QUOBRAK_TRACE"] = "new/trace";
+  start.environment["class"] = "dslCommandTest";
+  start.environment["command"] = "pause,0";
+  EXPECT_EQ(run().exitStatus, 0);
+  EXPECT_TRUE(fs::exists(folder.path() / "new/trace"));
+}
+
 TEST_F(ConfigurationRun, RefusesATraceThatCannotBeWritten) {
   start.environment["QUOBRAK_TRACE"] = "fd:9";
   expectRefusal(

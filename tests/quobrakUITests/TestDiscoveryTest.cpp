@@ -189,6 +189,18 @@ TEST(TestDiscovery, ScriptThatCannotBeReadEndsTheDiscovery) {
   EXPECT_EQ(TestContext::shared().getIteration(), 1);
 }
 
+TEST(TestDiscovery, VariablesOfLaterFilesAreReadAfterTheFilesBeforeThem) {
+  testing::TestPlatform platform;
+  setVariable("iteration", "1");
+  setVariable("testFileNumber", "2");
+  nameFile(1, "Suite", "missing.txt");
+  unsetVariable("testFileSuiteName2");
+  unsetVariable("testFilePath2");
+  quobrakUITests test;
+  EXPECT_THAT([&] { test.getTestFiles(); },
+              testing::raisesDocumentDirectoryError("The file missing.txt is missing in the document directory"));
+}
+
 TEST(TestDiscovery, ReferenceNeedsOnlyTheIteration) {
   unsetVariable("testFileNumber");
   setVariable("iteration", "+06");

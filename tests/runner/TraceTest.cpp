@@ -80,6 +80,15 @@ TEST_F(TraceTest, ScriptFinished) {
                        "\n");
 }
 
+TEST_F(TraceTest, GivesUpOnWhatIsNoText) {
+  ::testing::internal::CaptureStderr();
+  trace.lineStarted(1, "\xFF");
+  trace.lineStarted(2, "pause,1");
+  EXPECT_EQ(::testing::internal::GetCapturedStderr(),
+            "warning: the trace cannot be written any more; the run goes on without it\n");
+  EXPECT_EQ(written(), "");
+}
+
 TEST_F(TraceTest, LineStarted) {
   trace.lineStarted(7, "clickByText,Weiter\t→");
   EXPECT_EQ(written(), R"({"event":"lineStarted","number":7,"text":"clickByText,Weiter\t→","time":1700000000002})"

@@ -16,6 +16,9 @@ namespace {
 /// b, is given up after 0.4 s, and other such patterns within 0.7 s; .* runs over ten million characters in 0.04 s.
 constexpr std::int32_t TIME_LIMIT = 2000;
 
+/// In bytes: ICU's own default.
+constexpr std::int32_t STACK_LIMIT = 8'000'000;
+
 std::string named(std::string_view pattern) {
   return "the regular expression \"" + std::string(pattern) + "\"";
 }
@@ -132,13 +135,13 @@ struct NSRegularExpression::Compiled {
     UErrorCode status = U_ZERO_ERROR;
     matcher.reset(pattern->matcher(status));
     requireSuccess(status);
-    matcher->setTimeLimit(TIME_LIMIT, status);
-    requireSuccess(status);
   }
 
-  /// The matcher on a new input, which must live until the search is over.
-  icu::RegexMatcher& matcherOn(std::string_view input) const {
+  /// The matcher on a new input, which must live until the search is over. A limit of 0 is none.
+  icu::RegexMatcher& matcherOn(std::string_view input, std::int32_t timeLimit, std::int32_t stackLimit) const {
     UErrorCode status = U_ZERO_ERROR;
+    matcher->setTimeLimit(timeLimit, status);
+    matcher->setStackLimit(stackLimit, status);
     const icu::LocalUTextPointer bytes(
         utext_openUTF8(nullptr, input.data(), static_cast<std::int64_t>(input.size()), &status));
     requireSuccess(status);
@@ -166,7 +169,7 @@ NSRegularExpression& NSRegularExpression::operator=(NSRegularExpression&&) noexc
 std::optional<std::string_view> NSRegularExpression::firstMatch(std::string_view text,
                                                                 std::size_t searchedUTF16Units) const {
   const std::string_view searched = text.substr(0, bytesInUTF16Units(text, searchedUTF16Units));
-  icu::RegexMatcher& matcher = compiled_->matcherOn(searched);
+  icu::RegexMatcher& matcher = compiled_->matcherOn(searched, 0, 0);
   UErrorCode status = U_ZERO_ERROR;
   const bool isFound = matcher.find(status);
   compiled_->requireSuccess(status);
@@ -181,7 +184,7 @@ std::optional<std::string_view> NSRegularExpression::firstMatch(std::string_view
 
 bool NSRegularExpression::matchesWhole(std::string_view text) const {
   UErrorCode status = U_ZERO_ERROR;
-  const bool isMatch = compiled_->matcherOn(text).matches(status);
+  const bool isMatch = compiled_->matcherOn(text, TIME_LIMIT, STACK_LIMIT).matches(status);
   compiled_->requireSuccess(status);
   return isMatch;
 }

@@ -141,6 +141,57 @@ TEST(ScreenPainter, PaintsEveryKindThatHasArtInsideItsFrameOnly) {
   }
 }
 
+TEST(ScreenPainter, PaintsNothingOutsideAFrameThatIsTooSmallForItsKind) {
+  constexpr Rect TINY{{100, 100}, {4, 3}};
+  for (unsigned number = 0; number <= static_cast<unsigned>(ElementType::statusItem); ++number) {
+    const auto type = static_cast<ElementType>(number);
+    const bool dims = type == ElementType::alert || type == ElementType::sheet || type == ElementType::dialog;
+    if (!dims && type != ElementType::icon) {
+      const Differences changes = changesOf(type, TINY, [](Element& element) { element.label = "Label"; });
+      EXPECT_EQ(changes.outside, 0) << nameOf(type);
+    }
+  }
+}
+
+TEST(ScreenPainter, HasArtForEveryKindThatAppsAreMadeOf) {
+  for (const ElementType type : {ElementType::activityIndicator,
+                                 ElementType::alert,
+                                 ElementType::button,
+                                 ElementType::cell,
+                                 ElementType::checkBox,
+                                 ElementType::collectionView,
+                                 ElementType::datePicker,
+                                 ElementType::icon,
+                                 ElementType::image,
+                                 ElementType::key,
+                                 ElementType::keyboard,
+                                 ElementType::link,
+                                 ElementType::map,
+                                 ElementType::navigationBar,
+                                 ElementType::pageIndicator,
+                                 ElementType::pickerWheel,
+                                 ElementType::popUpButton,
+                                 ElementType::progressIndicator,
+                                 ElementType::radioButton,
+                                 ElementType::searchField,
+                                 ElementType::secureTextField,
+                                 ElementType::segmentedControl,
+                                 ElementType::sheet,
+                                 ElementType::slider,
+                                 ElementType::staticText,
+                                 ElementType::statusBar,
+                                 ElementType::stepper,
+                                 ElementType::switchControl,
+                                 ElementType::tabBar,
+                                 ElementType::table,
+                                 ElementType::textField,
+                                 ElementType::textView,
+                                 ElementType::toolbar,
+                                 ElementType::webView}) {
+    EXPECT_NE(painting::drawingOf(type), nullptr) << nameOf(type);
+  }
+}
+
 TEST(ScreenPainter, ChangesOnlyTheFrameOfAnElementWithAnotherLabel) {
   for (const ElementType type : {ElementType::button, ElementType::staticText, ElementType::cell, ElementType::key,
                                  ElementType::icon, ElementType::link}) {
@@ -257,13 +308,22 @@ TEST(ScreenPainter, DrawsAnElementDifferentlyInEachOfItsStates) {
 }
 
 TEST(ScreenPainter, DrawsASecureFieldsValueAsBullets) {
-  const auto root = emptyScreen();
-  Element& field = add(*root, ElementType::secureTextField, MIDDLE);
-  field.value = "secret";
-  const Picture secret = pictureOf(*root);
-  field.value = "öthers";
+  const auto secure = emptyScreen();
+  add(*secure, ElementType::secureTextField, MIDDLE).value = "sécret";
+  const auto open = emptyScreen();
+  add(*open, ElementType::textField, MIDDLE).value = "••••••";
 
-  EXPECT_EQ(pictureOf(*root).pixels, secret.pixels);
+  EXPECT_EQ(pictureOf(*secure).pixels, pictureOf(*open).pixels);
+}
+
+TEST(ScreenPainter, DrawsWhichPageIsTheCurrentOne) {
+  const auto root = emptyScreen();
+  Element& indicator = add(*root, ElementType::pageIndicator, MIDDLE);
+  indicator.value = "page 1 of 3";
+  const Picture first = pictureOf(*root);
+  indicator.value = "page 3 of 3";
+
+  EXPECT_GT(differences(first, pictureOf(*root), MIDDLE).inside, 0);
 }
 
 TEST(ScreenPainter, DrawsAValueThatIsThePlaceholderAsThePlaceholder) {
@@ -277,16 +337,18 @@ TEST(ScreenPainter, DrawsAValueThatIsThePlaceholderAsThePlaceholder) {
 }
 
 TEST(ScreenPainter, DoesNotDrawALabelAgainThatStandsInATextBelow) {
+  constexpr Rect CORNER{{140, 128}, {38, 20}};
   for (const ElementType type :
        {ElementType::button, ElementType::cell, ElementType::navigationBar, ElementType::alert, ElementType::link}) {
     const auto root = emptyScreen();
     Element& element = add(*root, type, MIDDLE, "Label");
-    add(element, ElementType::staticText, {{25, 105}, {60, 20}}, "Label");
-    const Picture labelled = pictureOf(*root);
-    element.children().front()->frame = {};
-    const Picture withoutText = pictureOf(*root);
-    EXPECT_GT(differences(labelled, withoutText, {{25, 105}, {60, 20}}).inside, 0) << nameOf(type);
-    EXPECT_EQ(differences(labelled, withoutText, {{25, 105}, {60, 20}}).outside, 0) << nameOf(type);
+    const Picture alone = pictureOf(*root);
+    Element& text = add(element, ElementType::staticText, CORNER, "Label");
+    const Picture withText = pictureOf(*root);
+    element.label.clear();
+    text.label = "Other";
+    EXPECT_GT(differences(alone, withText, CORNER).outside, 0) << nameOf(type);
+    EXPECT_EQ(differences(withText, pictureOf(*root), CORNER).outside, 0) << nameOf(type);
   }
 }
 

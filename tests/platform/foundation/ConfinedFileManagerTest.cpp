@@ -491,6 +491,64 @@ TEST_F(ConfinedFileManagerTest, ANewFileIsForAllToReadLessTheUmask) {
   EXPECT_EQ(modeOf(root / "closed"), 0600U);
 }
 
+TEST_F(ConfinedFileManagerTest, ANewFileMayBeForAGroupToWriteWhereTheUmaskLetsIt) {
+  const Umask mask(0002);
+  write("text", "shared");
+  EXPECT_EQ(modeOf(root / "shared"), 0664U);
+}
+
+/// Ends a child process with 0 if `holds`. Permissions mean nothing to root, so a child that is root becomes nobody
+/// first, who owns the folder by then.
+template <class Condition>
+void exitAsNobody(const fs::path& folder, Condition holds) {
+  constexpr uid_t NOBODY = 65534;
+  if (geteuid() == 0) {
+    fs::permissions(folder.parent_path(), fs::perms(0755));
+    for (const auto& entry : fs::recursive_directory_iterator(folder)) {
+      if (chown(entry.path().c_str(), NOBODY, NOBODY) != 0) {
+        _exit(2);
+      }
+    }
+    if (chown(folder.c_str(), NOBODY, NOBODY) != 0 || setuid(NOBODY) != 0) {
+      _exit(2);
+    }
+  }
+  _exit(holds() ? 0 : 1);
+}
+
+TEST_F(ConfinedFileManagerTest, AFileThatMayNotBeWrittenIsNotReplaced) {
+  fs::permissions(root / "a/x.txt", fs::perms(0444));
+  EXPECT_EXIT(exitAsNobody(root,
+                           [this] {
+                             try {
+                               write("new", "a/x.txt");
+                             } catch (const FileManagerError& error) {
+                               return error.what() ==
+                                          "You don’t have permission to save the file “x.txt” in the folder “a”."s &&
+                                      read("a/x.txt") == "inside";
+                             }
+                             return false;
+                           }),
+              testing::ExitedWithCode(0), "");
+}
+
+TEST_F(ConfinedFileManagerTest, AFileIsReplacedInAFolderThatMayNotBeWritten) {
+  fs::permissions(root / "a", fs::perms(0555));
+  EXPECT_EXIT(exitAsNobody(root,
+                           [this] {
+                             write("new", "a/x.txt");
+                             return read("a/x.txt") == "new";
+                           }),
+              testing::ExitedWithCode(0), "");
+  fs::permissions(root / "a", fs::perms(0755));
+}
+
+TEST_F(ConfinedFileManagerTest, TheDocumentsDirectoryIsMadeAgainWhereItHasGone) {
+  fs::remove_all(root);
+  manager.createDirectory(at("measures"));
+  EXPECT_TRUE(fs::is_directory(root / "measures"));
+}
+
 TEST_F(ConfinedFileManagerTest, AFileThatIsReplacedKeepsItsMode) {
   const Umask mask(0077);
   for (const unsigned mode : {0600U, 0666U, 0755U}) {

@@ -80,5 +80,10 @@ TEST(FileManagerMessages, ANulInANameDoesNotEndTheSentence) {
   EXPECT_EQ(fileManagerMessage(FileOperation::saving, EINVAL, "a\0b"sv, ""), "The file name “a\uFFFDb” is invalid.");
 }
 
+TEST(FileManagerMessages, ANameThatIsNoTextIsMadeReadable) {
+  EXPECT_EQ(fileManagerMessage(FileOperation::removing, ENOENT, "d\xFF", "x"),
+            "“d\uFFFD” couldn’t be removed because it doesn’t exist.");
+}
+
 }  // namespace
 }  // namespace quobrak

@@ -144,21 +144,27 @@ TEST(NSRegularExpression, PatternThatDoesNotCompileIsNamedWithTheFaultAndItsPlac
   }
 }
 
-TEST(NSRegularExpression, SearchThatWouldBacktrackForEverIsGivenUp) {
+TEST(NSRegularExpression, MatchThatWouldBacktrackForEverIsGivenUp) {
   const NSRegularExpression runaway("(a+)+$");
   constexpr const char* MESSAGE = "the regular expression \"(a+)+$\" was given up: it takes too long on this text";
-  EXPECT_THAT([&runaway] { (void)runaway.firstMatch(runawayText(), WHOLE_TEXT); },
-              ThrowsMessage<RegularExpressionError>(MESSAGE));
   EXPECT_THAT([&runaway] { (void)runaway.matchesWhole(runawayText()); },
               ThrowsMessage<RegularExpressionError>(MESSAGE));
   EXPECT_TRUE(runaway.matchesWhole("aaa")) << "and serves on afterwards";
 }
 
-TEST(NSRegularExpression, SearchThatBacktracksTooDeeplyIsGivenUp) {
+TEST(NSRegularExpression, MatchThatBacktracksTooDeeplyIsGivenUp) {
   const NSRegularExpression deep("(a|b)*");
   EXPECT_THAT([&deep] { (void)deep.matchesWhole(std::string(10'000'000, 'a')); },
               ThrowsMessage<RegularExpressionError>(
                   "the regular expression \"(a|b)*\" was given up: it backtracks too deeply on this text"));
+}
+
+TEST(NSRegularExpression, AFirstMatchIsLookedForInTextsOfAnyLength) {
+  const NSRegularExpression reference(R"(\$\{\w+\})");
+  const std::string name(3'000'000, 'a');
+  EXPECT_EQ(reference.firstMatch("${" + name, WHOLE_TEXT), std::nullopt);
+  const std::string closed = "${" + name + "}";
+  EXPECT_EQ(reference.firstMatch(closed, WHOLE_TEXT), closed);
 }
 
 }  // namespace
