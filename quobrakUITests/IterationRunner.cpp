@@ -12,6 +12,22 @@
 
 namespace quobrak {
 
+namespace {
+
+void tellScriptRaised(const std::exception& error) {
+  if (RunObserver* const observer = RunObserver::installed()) {
+    observer->scriptRaised(error);
+  }
+}
+
+void tellPictureOrDumpRaised(const std::exception& error) {
+  if (RunObserver* const observer = RunObserver::installed()) {
+    observer->pictureOrDumpRaised(error);
+  }
+}
+
+}  // namespace
+
 void quobrakUITests::launchTest(const std::vector<TestFile>& testFiles) {
   File::clearDocumentDirectory();
   RunObserver* const observer = RunObserver::installed();
@@ -39,8 +55,10 @@ void quobrakUITests::runScript(const TestFile& testFile, TestStatus& status) {
     executeActions(testFile.script);
     status.status = "success";
   } catch (const FWKTError& error) {
+    tellScriptRaised(error);
     status = {.status = "failed", .stackTrace = error.message()};
-  } catch (const std::exception&) {
+  } catch (const std::exception& error) {
+    tellScriptRaised(error);
     status = {.status = "failed", .stackTrace = "An unknown error occured while executing actions"};
   }
 }
@@ -52,8 +70,10 @@ void quobrakUITests::takePictureAndDump(const TestFile& testFile, TestStatus& st
     takeScreenshot(testFile.iterationPath, status.status);
     takeDump(testFile.iterationPath);
   } catch (const FWKTError& error) {
+    tellPictureOrDumpRaised(error);
     status.stackTrace = error.errorCase() == FWKTError::Case::envVariableError ? UNKNOWN_ERROR : error.message();
-  } catch (const std::exception&) {
+  } catch (const std::exception& error) {
+    tellPictureOrDumpRaised(error);
     status.stackTrace = UNKNOWN_ERROR;
   }
 }

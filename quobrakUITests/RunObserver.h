@@ -21,6 +21,12 @@ class RunObserver {
   virtual void scriptStarted(const TestFile& testFile, std::size_t number, std::size_t total) = 0;
   virtual void scriptFinished(const TestFile& testFile, const TestStatus& status) = 0;
 
+  /// What ended the script: the real reason, of which the status may tell less.
+  virtual void scriptRaised(const std::exception& error) = 0;
+  /// What kept the picture or the dump at the end of the script from being taken. In the status it replaces the reason
+  /// that the script failed for.
+  virtual void pictureOrDumpRaised(const std::exception& error) = 0;
+
   /// A line that is about to run: its number in the script, from 1, and its text after trimming and substitution.
   virtual void lineStarted(std::size_t number, std::string_view text) = 0;
   /// `error` is what the command raised, or null. A line that stops the process never finishes.

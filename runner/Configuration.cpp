@@ -1,5 +1,8 @@
 #include "runner/Configuration.h"
 
+#include <algorithm>
+#include <array>
+#include <iterator>
 #include <string_view>
 
 namespace quobrak {
@@ -44,6 +47,16 @@ ClockKind clockKind(const Variables& variable, Faults& faults) {
 }
 
 }  // namespace
+
+std::vector<std::string> unknownVariables(const std::vector<std::string>& names) {
+  constexpr std::array<std::string_view, 5> KNOWN = {"QUOBRAK_CLOCK", "QUOBRAK_DOCUMENTS", "QUOBRAK_DRIVER",
+                                                     "QUOBRAK_PHONE", "QUOBRAK_TRACE"};
+  std::vector<std::string> unknown;
+  std::copy_if(names.begin(), names.end(), std::back_inserter(unknown), [&KNOWN](const std::string& name) {
+    return name.starts_with("QUOBRAK_") && std::find(KNOWN.begin(), KNOWN.end(), name) == KNOWN.end();
+  });
+  return unknown;
+}
 
 Configuration configurationFrom(const Variables& variable) {
   Faults faults;

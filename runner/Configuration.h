@@ -28,6 +28,9 @@ struct Configuration {
   std::optional<std::string> trace;
 };
 
+/// Names among those given that look like a configuration variable and are none, in their order.
+std::vector<std::string> unknownVariables(const std::vector<std::string>& names);
+
 /// Reads the configuration from environment variables. Throws `ConfigurationError` with all faults.
 Configuration configurationFrom(const std::function<std::optional<std::string>(const std::string&)>& variable);
 

@@ -11,6 +11,8 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "drivers/simulator/PhoneLoader.h"
 #include "drivers/simulator/SimulatedDriver.h"
@@ -40,6 +42,17 @@ simulator::PhoneDescription loadPhone(const std::optional<std::string>& folder) 
 std::optional<std::string> rawVariable(const std::string& name) {
   const char* const value = std::getenv(name.c_str());
   return value == nullptr ? std::nullopt : std::optional<std::string>(value);
+}
+
+void warnOfUnknownVariables() {
+  std::vector<std::string> names;
+  for (char** variable = environ; *variable != nullptr; ++variable) {
+    const std::string_view entry(*variable);
+    names.emplace_back(entry.substr(0, entry.find('=')));
+  }
+  for (const std::string& name : unknownVariables(names)) {
+    std::cerr << "warning: " << name << " is set, but is no variable of this program" << std::endl;
+  }
 }
 
 std::unique_ptr<FileManager> openDocuments(const std::string& path) {
@@ -117,6 +130,7 @@ ExitStatus runTest() {
 ExitStatus runTestProcess() {
   // A reader of the trace that goes away must not end the run.
   std::signal(SIGPIPE, SIG_IGN);
+  warnOfUnknownVariables();
   std::optional<InstalledPlatform> platform;
   try {
     platform.emplace(configurationFrom(rawVariable));

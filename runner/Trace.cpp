@@ -120,6 +120,14 @@ void Trace::scriptFinished(const TestFile& testFile, const TestStatus& status) {
   output_.flush();
 }
 
+void Trace::scriptRaised(const std::exception& error) {
+  output_.write({{"event", "scriptError"}, {"error", describe(error)}});
+}
+
+void Trace::pictureOrDumpRaised(const std::exception& error) {
+  output_.write({{"event", "pictureOrDumpError"}, {"error", describe(error)}});
+}
+
 void Trace::lineStarted(std::size_t number, std::string_view text) {
   output_.write(
       {{"event", "lineStarted"}, {"number", numberOf(number)}, {"text", text}, {"time", getTimestampMillis()}});

@@ -43,6 +43,8 @@ class Trace final : public RunObserver {
 
   void scriptStarted(const TestFile& testFile, std::size_t number, std::size_t total) override;
   void scriptFinished(const TestFile& testFile, const TestStatus& status) override;
+  void scriptRaised(const std::exception& error) override;
+  void pictureOrDumpRaised(const std::exception& error) override;
   void lineStarted(std::size_t number, std::string_view text) override;
   void lineFinished(std::size_t number, std::string_view text, Seconds duration, const std::exception* error) override;
   void stepFinished(const TestResultV2& step) override;

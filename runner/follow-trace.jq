@@ -6,10 +6,10 @@ def long_pause: 5000;
 
 def clock: . / 1000 | strflocaltime("%H:%M:%S");
 
-def seconds: . / 10 | round / 100 | "\(.) s";
-
 def duration:
-  if . >= 60000 then "\(. / 60000 | floor) min \(. % 60000 / 1000 | round) s" else seconds end;
+  if . >= 60000 then "\(. / 60000 | floor) min \(. % 60000 / 1000 | round) s"
+  elif . >= 1000 then "\(. / 10 | round / 100) s"
+  else "\(round) ms" end;
 
 # The milliseconds of a pause command, or none.
 def pause_length: capture("^pause,\\+?(?<length>[0-9]+)(,|$)")? | .length | tonumber;
@@ -19,16 +19,19 @@ def before:
   | "  \(.time | clock)  line \(.number): \(.text)"
   + if $pause >= long_pause then "   … \($pause | duration), until \(.time + $pause | clock)" else "" end;
 
-def after:
-  if .error then "            failed after \(.duration | seconds): \(.error.message)"
-  else "            done in \(.duration | seconds)" end;
+def after: "            \(if .error then "failed after" else "done in" end) \(.duration | duration)";
+
+# A button of a system alert that was tapped, or none.
+def answered_alert:
+  .target // "" | capture("keyed \"(?<button>[^\"]*)\" of the system alert \"(?<alert>.*)\"$")?
+  | "            answered the alert \(.alert) with \(.button)";
 
 if .event == "scriptStarted" then "Script \(.number) of \(.total), results in \(.iterationPath)"
 elif .event == "lineStarted" then before
 elif .event == "lineFinished" then after
-elif .event == "driver" and .operation == "tap" and (.target | contains("the system alert")) then
-  "            tapped \(.target)"
-elif .event == "step" then "            measured step \(.name): \(.duration | seconds)"
-elif .event == "scriptFinished" then
-  "Script \(.status)" + if .stackTrace == "" then "" else ": \(.stackTrace)" end + "\n"
+elif .event == "driver" and .operation == "tap" then answered_alert
+elif .event == "step" then "            measured step \(.name): \(.duration | duration)"
+elif .event == "scriptError" then "  \(.error.message)"
+elif .event == "pictureOrDumpError" then "  No picture or dump at the end: \(.error.message)"
+elif .event == "scriptFinished" then "Script: \(.status)"
 else empty end

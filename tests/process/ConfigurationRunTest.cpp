@@ -155,6 +155,15 @@ TEST_F(ConfigurationRun, RefusesADocumentsDirectoryThatIsAFile) {
   EXPECT_EQ(end.err, "configuration error: QUOBRAK_DOCUMENTS is \"file\", which cannot be used: it is no folder\n");
 }
 
+TEST_F(ConfigurationRun, WarnsOfAVariableThatIsNone) {
+  start.environment["QUOBRAK_CLOK"] = "virtual";
+  start.environment["class"] = "dslCommandTest";
+  start.environment["command"] = "pause,0";
+  const ProcessEnd end = run();
+  EXPECT_EQ(end.exitStatus, 0);
+  EXPECT_EQ(end.err, "warning: QUOBRAK_CLOK is set, but is no variable of this program\n");
+}
+
 TEST_F(ConfigurationRun, ARefusedRunLeavesTheTraceOfAnEarlierOne) {
   folder.write("file", "");
   folder.write("trace", "old");
@@ -209,11 +218,11 @@ TEST_F(ConfigurationRun, WritesATraceToAFile) {
     const std::string kind = json.member("event").text();
     kinds.push_back(kind == "driver" ? json.member("operation").text() : kind);
   }
-  EXPECT_THAT(kinds,
-              ElementsAre("addInterruptionMonitor", "scriptStarted", "lineStarted", "launch", "lineFinished",
-                          "lineStarted", "screenshot", "lineFinished", "lineStarted", "lineFinished", "lineStarted",
-                          "step", "screenshot", "lineFinished", "lineStarted", "lineFinished", "screenshot",
-                          "debugDescription", "scriptFinished", "pressButton", "removeInterruptionMonitor"));
+  EXPECT_THAT(kinds, ElementsAre("addInterruptionMonitor", "scriptStarted", "lineStarted", "launch", "lineFinished",
+                                 "lineStarted", "screenshot", "lineFinished", "lineStarted", "lineFinished",
+                                 "lineStarted", "step", "screenshot", "lineFinished", "lineStarted", "lineFinished",
+                                 "scriptError", "screenshot", "debugDescription", "scriptFinished", "pressButton",
+                                 "removeInterruptionMonitor"));
 }
 
 TEST_F(ConfigurationRun, WritesATraceToAnOpenDescriptor) {

@@ -36,6 +36,12 @@ class NotingObserver final : public RunObserver {
   void scriptFinished(const TestFile& testFile, const TestStatus& status) override {
     notes.push_back(testFile.iterationPath + " " + status.status + " " + status.stackTrace);
   }
+  void scriptRaised(const std::exception& error) override {
+    notes.push_back(std::string("script raised ") + error.what());
+  }
+  void pictureOrDumpRaised(const std::exception& error) override {
+    notes.push_back(std::string("picture or dump raised ") + error.what());
+  }
   void lineStarted(std::size_t number, std::string_view text) override {
     notes.push_back("start " + std::to_string(number) + " " + std::string(text));
   }
@@ -78,6 +84,7 @@ TEST(RunObserver, IsToldOfScriptsAndTheirLines) {
                           "finish 4 pause,1500 after 1500 ms", "a success ", "script 2 of 2: b", "start 1 pause,20",
                           "finish 1 pause,20 after 20 ms", "start 2 nope,x",
                           "finish 2 nope,x after 0 ms: Function nope is not implemented",
+                          "script raised Error on line nope,x (line: 2). Cause: Function nope is not implemented",
                           "b failed Error on line nope,x (line: 2). Cause: Function nope is not implemented"));
 }
 
@@ -126,12 +133,33 @@ TEST(RunObserver, IsToldNothingOfAScriptWithAMissingVariable) {
   EXPECT_THAT(observer.notes, IsEmpty());
 }
 
+TEST(RunObserver, IsToldTheRealReasonsOfAStatus) {
+  testing::TestPlatform platform;
+  testing::unsetVariable("UNSET");
+  platform.driver().before = [](std::string_view operation, const std::string&) {
+    if (operation == "screenshot") {
+      throw std::runtime_error("The battery is empty.");
+    }
+  };
+  NotingObserver observer;
+  quobrakUITests test;
+  test.launchTest({{.script = "${UNSET}", .iterationPath = "a"}});
+  EXPECT_THAT(observer.notes,
+              ElementsAre("script 1 of 1: a",
+                          "script raised Error on line ${UNSET} (line: 1). Cause: You need to pass the extra parameter "
+                          "UNSET to your test",
+                          "picture or dump raised The battery is empty.",
+                          "a failed An unknown error occured while taking screenshots and dump"));
+}
+
 TEST(RunObserver, SeesTheStatusThatIsWritten) {
   testing::TestPlatform platform;
   NotingObserver observer;
   quobrakUITests test;
   test.launchTest({{.script = "", .iterationPath = "a"}});
   EXPECT_THAT(observer.notes, ElementsAre("script 1 of 1: a",
+                                          "picture or dump raised The application is not initialised. Please use "
+                                          "applicationStart or launchBrowser at the beginning of your script.",
                                           "a success The application is not initialised. Please use "
                                           "applicationStart or launchBrowser at the beginning of your script."));
 }

@@ -70,4 +70,10 @@ TEST(Configuration, SaysWhatIsWrong) {
   }
 }
 
+TEST(UnknownVariables, AreThoseThatOnlyLookLikeOurs) {
+  EXPECT_THAT(unknownVariables({"QUOBRAK_CLOK", "PATH", "QUOBRAK_CLOCK", "QUOBRAK_DRIVER", "QUOBRAK_DOCUMENTS",
+                                "QUOBRAK_PHONE", "QUOBRAK_TRACE", "quobrak_trace", "QUOBRAK_"}),
+              ::testing::ElementsAre("QUOBRAK_CLOK", "QUOBRAK_"));
+}
+
 }  // namespace quobrak

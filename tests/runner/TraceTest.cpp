@@ -80,6 +80,16 @@ TEST_F(TraceTest, ScriptFinished) {
                        "\n");
 }
 
+TEST_F(TraceTest, ScriptAndPictureErrors) {
+  trace.scriptRaised(FWKTError::envVariableError("No variable."));
+  trace.pictureOrDumpRaised(UIAutomationError("No phone."));
+  output.flush();
+  EXPECT_EQ(written(), R"({"error":{"kind":"envVariableError","message":"No variable."},"event":"scriptError"})"
+                       "\n"
+                       R"({"error":{"kind":"UIAutomationError","message":"No phone."},"event":"pictureOrDumpError"})"
+                       "\n");
+}
+
 TEST_F(TraceTest, GivesUpOnWhatIsNoText) {
   ::testing::internal::CaptureStderr();
   trace.lineStarted(1, "\xFF");
