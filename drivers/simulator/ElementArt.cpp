@@ -90,7 +90,7 @@ bool hasTextBelow(const Element& element) {
 }
 
 Color inkOf(const Element& element, const Color& color) {
-  return element.isEnabled ? color : DISABLED_TEXT;
+  return element.isEnabled ? color : GREYED_TEXT;
 }
 
 double fractionOf(std::string_view value) {

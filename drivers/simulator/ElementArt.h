@@ -38,7 +38,7 @@ constexpr Color BLACK{0, 0, 0};
 constexpr Color TINT{0, 0.478, 1};
 constexpr Color GREEN{0.204, 0.780, 0.349};
 constexpr Color SECONDARY_TEXT{0.45, 0.45, 0.48};
-constexpr Color DISABLED_TEXT{0.70, 0.70, 0.73};
+constexpr Color GREYED_TEXT{0.70, 0.70, 0.73};
 constexpr Color PLACEHOLDER_TEXT{0.66, 0.66, 0.69};
 constexpr Color SEPARATOR{0.80, 0.80, 0.82};
 constexpr Color TRACK{0.88, 0.88, 0.90};

@@ -52,7 +52,7 @@ double sizeFor(const Rect& frame) {
 Color textColor(const Element& element, const Rect& frame) {
   constexpr double SMALLEST_BLACK = 14.5;
   if (isInFilledButton(element)) {
-    return element.parent()->isEnabled ? WHITE : DISABLED_TEXT;
+    return element.parent()->isEnabled ? WHITE : GREYED_TEXT;
   }
   if (isWithin(element, ElementType::button)) {
     return inkOf(element, TINT);
