@@ -26,9 +26,7 @@ struct Outcome {
 class TestProcess : public ::testing::Test {
  protected:
   TestProcess() {
-    for (const char* name : {"QUOBRAK_DRIVER", "QUOBRAK_PHONE", "QUOBRAK_TRACE", "command"}) {
-      ::unsetenv(name);
-    }
+    ::clearenv();
     set("class", "dslCommandTest");
     set("QUOBRAK_CLOCK", "virtual");
     set("QUOBRAK_DOCUMENTS", documents().string());
