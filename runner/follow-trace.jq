@@ -32,6 +32,6 @@ elif .event == "lineFinished" then after
 elif .event == "driver" and .operation == "tap" then answered_alert
 elif .event == "step" then "            measured step \(.name): \(.duration | duration)"
 elif .event == "scriptError" then "  \(.error.message)"
-elif .event == "pictureOrDumpError" then "  No picture or dump at the end: \(.error.message)"
+elif .event == "pictureOrDumpError" then "  The picture or the dump at the end failed: \(.error.message)"
 elif .event == "scriptFinished" then "Script: \(.status)"
 else empty end
