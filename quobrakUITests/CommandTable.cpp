@@ -22,9 +22,7 @@ void measureStart(const std::string& stepName) {
 void measureStop() {
   const std::string iterationPath = TestContext::shared().getIterationPath();
   Probe::measureStop();
-  if (RunObserver* const observer = RunObserver::installed()) {
-    observer->stepFinished(TestContext::shared().getTestResults().back());
-  }
+  RunObserver::tell(&RunObserver::stepFinished, TestContext::shared().getTestResults().back());
   takeScreenshot(iterationPath, TestContext::shared().getCurrentTestResult().test + "_stop");
 }
 

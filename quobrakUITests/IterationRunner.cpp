@@ -12,39 +12,18 @@
 
 namespace quobrak {
 
-namespace {
-
-void tellScriptRaised(const std::exception& error) {
-  if (RunObserver* const observer = RunObserver::installed()) {
-    observer->scriptRaised(error);
-  }
-}
-
-void tellPictureOrDumpRaised(const std::exception& error) {
-  if (RunObserver* const observer = RunObserver::installed()) {
-    observer->pictureOrDumpRaised(error);
-  }
-}
-
-}  // namespace
-
 void quobrakUITests::launchTest(const std::vector<TestFile>& testFiles) {
   File::clearDocumentDirectory();
-  RunObserver* const observer = RunObserver::installed();
   for (std::size_t i = 0; i < testFiles.size(); ++i) {
     const TestFile& testFile = testFiles[i];
-    if (observer != nullptr) {
-      observer->scriptStarted(testFile, i + 1, testFiles.size());
-    }
+    RunObserver::tell(&RunObserver::scriptStarted, testFile, i + 1, testFiles.size());
     TestStatus status{.status = "", .stackTrace = ""};
     TestContext::shared().resetScreenshotNumber();
     TestContext::shared().setIterationPath(testFile.iterationPath);
     runScript(testFile, status);
     takePictureAndDump(testFile, status);
     testStatus_.push_back(status);
-    if (observer != nullptr) {
-      observer->scriptFinished(testFile, status);
-    }
+    RunObserver::tell(&RunObserver::scriptFinished, testFile, status);
   }
   Results::saveJobResult(testStatus_);
   Device::pressHome();
@@ -55,10 +34,10 @@ void quobrakUITests::runScript(const TestFile& testFile, TestStatus& status) {
     executeActions(testFile.script);
     status.status = "success";
   } catch (const FWKTError& error) {
-    tellScriptRaised(error);
+    RunObserver::tell(&RunObserver::scriptRaised, error);
     status = {.status = "failed", .stackTrace = error.message()};
   } catch (const std::exception& error) {
-    tellScriptRaised(error);
+    RunObserver::tell(&RunObserver::scriptRaised, error);
     status = {.status = "failed", .stackTrace = "An unknown error occured while executing actions"};
   }
 }
@@ -70,10 +49,10 @@ void quobrakUITests::takePictureAndDump(const TestFile& testFile, TestStatus& st
     takeScreenshot(testFile.iterationPath, status.status);
     takeDump(testFile.iterationPath);
   } catch (const FWKTError& error) {
-    tellPictureOrDumpRaised(error);
+    RunObserver::tell(&RunObserver::pictureOrDumpRaised, error);
     status.stackTrace = error.errorCase() == FWKTError::Case::envVariableError ? UNKNOWN_ERROR : error.message();
   } catch (const std::exception& error) {
-    tellPictureOrDumpRaised(error);
+    RunObserver::tell(&RunObserver::pictureOrDumpRaised, error);
     status.stackTrace = UNKNOWN_ERROR;
   }
 }

@@ -35,6 +35,14 @@ class RunObserver {
 
   virtual void stepFinished(const TestResultV2& step) = 0;
 
+  /// Tells the observer, if there is one, of an event: `tell(&RunObserver::scriptRaised, error)`.
+  template <class... Parameters, class... Arguments>
+  static void tell(void (RunObserver::*event)(Parameters...), const Arguments&... arguments) {
+    if (RunObserver* const observer = installed()) {
+      (observer->*event)(arguments...);
+    }
+  }
+
   /// The observer, or null.
   static RunObserver* installed();
   /// `observer` must live until another one, or null, is installed.

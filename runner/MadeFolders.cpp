@@ -8,7 +8,7 @@ namespace fs = std::filesystem;
 
 MadeFolders::MadeFolders(const fs::path& folder) {
   std::error_code ignored;
-  for (fs::path missing = fs::absolute(folder); !fs::exists(missing, ignored) && missing.has_relative_path();
+  for (fs::path missing = fs::absolute(folder, ignored); !fs::exists(missing, ignored) && missing.has_relative_path();
        missing = missing.parent_path()) {
     made_.push_back(missing);
   }

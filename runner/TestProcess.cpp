@@ -12,6 +12,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <vector>
 
 #include "drivers/simulator/PhoneLoader.h"
@@ -59,7 +60,8 @@ std::unique_ptr<FileManager> openDocuments(const std::string& path) {
   try {
     return std::make_unique<ConfinedFileManager>(path);
   } catch (const FileManagerError& unusable) {
-    const bool isFile = std::filesystem::is_regular_file(path);
+    std::error_code ignored;
+    const bool isFile = std::filesystem::is_regular_file(path, ignored);
     throw ConfigurationError("QUOBRAK_DOCUMENTS is \"" + path +
                              "\", which cannot be used: " + (isFile ? "it is no folder" : unusable.what()));
   }

@@ -35,6 +35,15 @@ std::unique_ptr<Element> Element::copy() const {
   return made;
 }
 
+bool clipsItsChildren(ElementType type) {
+  return type == ElementType::application || type == ElementType::scrollView || type == ElementType::table ||
+         type == ElementType::collectionView || type == ElementType::webView;
+}
+
+bool isModal(ElementType type) {
+  return type == ElementType::alert || type == ElementType::sheet || type == ElementType::dialog;
+}
+
 bool isWithin(const Element& element, const Element& ancestor) {
   const Element* step = &element;
   while (step != nullptr && step != &ancestor) {

@@ -50,6 +50,13 @@ class Element {
   std::vector<std::unique_ptr<Element>> children_;
 };
 
+/// Whether nothing of the children of such an element is seen, or can be touched, outside its frame.
+bool clipsItsChildren(ElementType type);
+
+/// Whether such an element dims what is behind it, and takes every touch that nothing in front of it takes, wherever
+/// the touch lands.
+bool isModal(ElementType type);
+
 /// Whether the element is `ancestor` or lies anywhere in it.
 bool isWithin(const Element& element, const Element& ancestor);
 

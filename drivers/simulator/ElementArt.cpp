@@ -59,8 +59,7 @@ bool isWithin(const Element& element, ElementType type) {
 
 const Element* cardAround(const Element& element) {
   const Element* above = element.parent();
-  while (above != nullptr && above->type != ElementType::alert && above->type != ElementType::sheet &&
-         above->type != ElementType::dialog) {
+  while (above != nullptr && !isModal(above->type)) {
     above = above->parent();
   }
   return above;

@@ -23,11 +23,6 @@ bool takesTouches(const Element& element) {
   }
 }
 
-/// An alert or a sheet takes every touch that nothing in front of it takes, wherever the touch lands.
-bool isModal(ElementType type) {
-  return type == ElementType::alert || type == ElementType::sheet;
-}
-
 const Element& rootOf(const Element& element) {
   const Element* root = &element;
   while (root->parent() != nullptr) {
@@ -66,11 +61,6 @@ const Element* frontMostAt(const Element& root, Point point, const Element& from
 }
 
 }  // namespace
-
-bool clipsItsChildren(ElementType type) {
-  return type == ElementType::application || type == ElementType::scrollView || type == ElementType::table ||
-         type == ElementType::collectionView || type == ElementType::webView;
-}
 
 const Element* elementAt(const Element& root, Point point) {
   return contains(root.frame, point) ? frontMostAt(root, point, root) : nullptr;

@@ -7,9 +7,6 @@
 
 namespace quobrak::simulator {
 
-/// Whether nothing of an element's children is seen, or can be touched, outside its frame.
-bool clipsItsChildren(ElementType type);
-
 /// The element of the tree that takes a touch at the point: the front-most one there that is not a mere container,
 /// within the screen (the frame of `root`) and all that clips it. Null where the touch falls through.
 const Element* elementAt(const Element& root, Point point);

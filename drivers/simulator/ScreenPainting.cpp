@@ -2,7 +2,6 @@
 
 #include "drivers/simulator/Canvas.h"
 #include "drivers/simulator/ElementArt.h"
-#include "drivers/simulator/HitTest.h"
 #include "drivers/simulator/Rectangles.h"
 
 #include <algorithm>
@@ -21,10 +20,6 @@ Rect cutToReach(const Rect& frame) {
   const double right = std::min(frame.origin.x + frame.size.width, FARTHEST);
   const double bottom = std::min(frame.origin.y + frame.size.height, FARTHEST);
   return {{left, top}, {right - left, bottom - top}};
-}
-
-bool dimsWhatIsBehind(ElementType type) {
-  return type == ElementType::alert || type == ElementType::sheet || type == ElementType::dialog;
 }
 
 class LayerPainter {
@@ -54,7 +49,7 @@ class LayerPainter {
     if (draw == nullptr) {
       return;
     }
-    if (dimsWhatIsBehind(element.type)) {
+    if (isModal(element.type)) {
       canvas_.fillAll({0, 0, 0, 0.4});
     }
     const Canvas::Clip clip(canvas_, frame);

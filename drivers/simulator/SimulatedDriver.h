@@ -18,6 +18,8 @@ namespace quobrak::simulator {
 /// Drives the simulated phone. Queries are evaluated in memory, anew in each primitive, so nothing needs to be kept
 /// from a look-up.
 ///
+/// The home application always runs: it cannot be ended, and a launch brings it to the front as it is.
+///
 /// The phone does not scroll yet: `swipe` and `pressThenDrag` raise `UIAutomationError`.
 class SimulatedDriver final : public UIDriver {
  public:

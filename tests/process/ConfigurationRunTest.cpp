@@ -164,6 +164,15 @@ TEST_F(ConfigurationRun, WarnsOfAVariableThatIsNone) {
   EXPECT_EQ(end.err, "warning: QUOBRAK_CLOK is set, but is no variable of this program\n");
 }
 
+TEST_F(ConfigurationRun, RefusesADocumentsDirectoryWhoseNameIsTooLong) {
+  const std::string name(300, 'n');
+  start.environment["QUOBRAK_DOCUMENTS"] = name;
+  const ProcessEnd end = run();
+  EXPECT_EQ(end.exitStatus, 2);
+  EXPECT_EQ(end.err, "configuration error: QUOBRAK_DOCUMENTS is \"" + name + "\", which cannot be used: The file “" +
+                         name + "” couldn’t be opened.\n");
+}
+
 TEST_F(ConfigurationRun, ARefusedRunLeavesTheTraceOfAnEarlierOne) {
   folder.write("file", "");
   folder.write("trace", "old");

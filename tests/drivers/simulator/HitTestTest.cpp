@@ -131,6 +131,10 @@ TEST(HitTest, WhoTakesTheTouch) {
        R"(<Sheet name="b" x="60" y="60" width="20" height="20"/></ScrollView>)",
        {25, 25},
        "b"},
+      {"so does a dialog",
+       R"(<Button name="a" x="0" y="0" width="50" height="50"/><Dialog name="b" x="60" y="60" width="20" height="20"/>)",
+       {25, 25},
+       "b"},
       {"an alert's own button",
        R"(<Alert name="a" x="60" y="60" width="20" height="20">)"
        R"(<Button name="b" x="60" y="60" width="9" height="9"/></Alert>)",
