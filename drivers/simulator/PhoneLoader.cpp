@@ -282,7 +282,7 @@ void requireOpenedApplications(const PhoneFiles& files, const PhoneDescription& 
         if (const auto* const open = std::get_if<OpenApplication>(&effect)) {
           requireApplication(phone, open->bundleIdentifier, [&](const std::string& reason) {
             throw PhoneDescriptionError(files.nameOf(PHONE_FILE) + ": a rule of \"" + entry.first +
-                                        "\" opens what is " + "not there: " + reason);
+                                        "\" opens what is not there: " + reason);
           });
         }
       }
