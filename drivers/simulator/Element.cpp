@@ -1,9 +1,21 @@
 #include "drivers/simulator/Element.h"
 
 #include <algorithm>
+#include <atomic>
 #include <utility>
 
 namespace quobrak::simulator {
+
+namespace {
+
+std::uint64_t nextNumber() {
+  static std::atomic<std::uint64_t> last = 0;
+  return ++last;
+}
+
+}  // namespace
+
+Element::Element(ElementType elementType) : number(nextNumber()), type(elementType) {}
 
 Element& Element::append(std::unique_ptr<Element> child) {
   child->parent_ = this;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <concepts>
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
@@ -16,7 +17,7 @@ namespace quobrak::simulator {
 /// it was made.
 class Element {
  public:
-  explicit Element(ElementType elementType) : type(elementType) {}
+  explicit Element(ElementType elementType);
   Element(const Element&) = delete;
   Element& operator=(const Element&) = delete;
 
@@ -33,6 +34,9 @@ class Element {
 
   /// The tree above it is not copied: the copy is a root.
   std::unique_ptr<Element> copy() const;
+
+  /// No other element that was ever made has it.
+  const std::uint64_t number;
 
   ElementType type;
   std::string identifier;

@@ -23,9 +23,12 @@ const std::vector<Permission>& ours() {
       {"platform/uiautomation/", {"platform/foundation/", "platform/uiautomation/"}},
       {"quobrakUITests/", {"platform/", "quobrakUITests/"}},
       {"drivers/simulator/", {"platform/", "drivers/simulator/"}},
+      {"drivers/webdriver/", {"platform/", "drivers/webdriver/"}},
+      {"drivers/xctest/", {"platform/", "drivers/xctest/"}},
+      {"phoneserver/", {"platform/", "drivers/simulator/", "phoneserver/"}},
       {"runner/", {"platform/", "quobrakUITests/", "drivers/", "runner/"}},
-      {"tests/", {"platform/", "quobrakUITests/", "drivers/", "runner/", "tests/"}},
-      {"benchmarks/", {"platform/", "quobrakUITests/", "drivers/", "runner/", "benchmarks/"}},
+      {"tests/", {"platform/", "quobrakUITests/", "drivers/", "phoneserver/", "runner/", "tests/"}},
+      {"benchmarks/", {"platform/", "quobrakUITests/", "drivers/", "phoneserver/", "runner/", "benchmarks/"}},
   };
   return PERMISSIONS;
 }
@@ -41,6 +44,9 @@ const std::vector<Library>& libraries() {
       {{"nlohmann/"}, {"platform/foundation/JSON.cpp"}},
       {{"cairo", "ft2build.h", "FT_FREETYPE_H", "freetype/", "png.h", "pugixml.hpp"},
        {"drivers/simulator/", "tests/drivers/simulator/", "benchmarks/"}},
+      {{"curl/"}, {"drivers/webdriver/", "benchmarks/"}},
+      {{"httplib.h"}, {"phoneserver/", "tests/drivers/webdriver/"}},
+      {{"sodium.h"}, {"drivers/webdriver/", "phoneserver/"}},
       {{"gtest/", "gmock/"}, {"tests/"}},
       {{"unistd.h", "fcntl.h", "stdlib.h", "grp.h", "spawn.h", "sys/"}, {""}},
   };
