@@ -1,5 +1,8 @@
 #include "quobrakUITests/Find.h"
 
+#include <algorithm>
+#include <array>
+#include <exception>
 #include <string>
 #include <utility>
 #include <vector>
@@ -10,6 +13,44 @@
 namespace quobrak {
 
 namespace {
+
+struct ClassName {
+  std::string_view name;
+  ElementType type;
+};
+
+/// The classes that a script can search for.
+constexpr std::array CLASS_NAMES{
+    ClassName{"Button", ElementType::button},
+    ClassName{"Cell", ElementType::cell},
+    ClassName{"CheckBox", ElementType::checkBox},
+    ClassName{"Icon", ElementType::icon},
+    ClassName{"Image", ElementType::image},
+    ClassName{"Other", ElementType::other},
+    ClassName{"RadioButton", ElementType::radioButton},
+    ClassName{"StaticText", ElementType::staticText},
+    ClassName{"Table", ElementType::table},
+    ClassName{"TextField", ElementType::textField},
+    ClassName{"TextView", ElementType::textView},
+    ClassName{"WebView", ElementType::webView},
+    ClassName{"Window", ElementType::window},
+};
+
+ElementType classNamed(std::string_view name) {
+  const auto found = std::find_if(CLASS_NAMES.begin(), CLASS_NAMES.end(),
+                                  [name](const ClassName& candidate) { return candidate.name == name; });
+  if (found == CLASS_NAMES.end()) {
+    throw FWKTError::fdslError("The expected class " + std::string(name) + " does not exist");
+  }
+  return found->type;
+}
+
+void requireRank(std::int64_t nthElement) {
+  if (nthElement < 1) {
+    // Host tools know the message, though 1 is accepted.
+    throw FWKTError::fdslError("nthElement should be an integer greater than 1");
+  }
+}
 
 NSPredicate textPredicate(const TextSearch& search) {
   const std::string comparison = search.isTextExact ? "MATCHES" : "CONTAINS[c]";
@@ -36,18 +77,41 @@ XCUIElement pickNth(const XCUIElementQuery& query, std::int64_t nthElement, cons
   return Find::lastElementFound.emplace(query.elementBoundBy(index));
 }
 
+bool isFound(const TextSearch& search) {
+  try {
+    Find::findByText(search);
+    return true;
+  } catch (const std::exception&) {
+    return false;
+  }
+}
+
 }  // namespace
 
 std::optional<XCUIElement> Find::lastElementFound;
 
 XCUIElement Find::findByText(const TextSearch& search) {
-  if (search.nthElement < 1) {
-    throw FWKTError::fdslError("nthElement should be an integer greater than 1");
-  }
+  requireRank(search.nthElement);
   const NSPredicate predicate = textPredicate(search);
   const XCUIApplication app = TestContext::shared().getTestingApp();
   return pickNth(app.descendants(ElementType::any).matching(predicate), search.nthElement,
                  "text " + std::string(search.selector));
+}
+
+XCUIElement Find::findByClass(const ClassSearch& search) {
+  const ElementType type = classNamed(search.selector);
+  requireRank(search.nthElement);
+  const XCUIApplication app = TestContext::shared().getTestingApp();
+  return pickNth(app.descendants(type).matching(NSPredicate("enabled == %@", {search.isEnabled})), search.nthElement,
+                 "class " + std::string(search.selector));
+}
+
+bool Find::isTextExists(std::string_view selector) {
+  return isFound({.selector = selector, .nthElement = 1, .isEnabled = true, .isTextExact = false});
+}
+
+bool Find::isTextExactExists(std::string_view selector) {
+  return isFound({.selector = selector, .nthElement = 1, .isEnabled = true, .isTextExact = true});
 }
 
 bool labelContains(const XCUIElement& element, std::string_view text) {

@@ -20,6 +20,16 @@ struct TextSearch {
   bool isTextExact;
 };
 
+/// What to look for with `Find::findByClass`.
+struct ClassSearch {
+  /// The name of the class, as scripts write it: "Button".
+  std::string_view selector;
+  /// The rank among the matches, from 1.
+  std::int64_t nthElement;
+  /// Only elements in this state are found.
+  bool isEnabled;
+};
+
 /// Finds one element of the application under test.
 class Find : public XCTestCase {
  public:
@@ -28,6 +38,17 @@ class Find : public XCTestCase {
   /// The element whose label, identifier or placeholder has the text, remembered as the last element found. Throws
   /// `FWKTError::fdslError` where there is none, or fewer than `nthElement`.
   static XCUIElement findByText(const TextSearch& search);
+
+  /// The element of the class, remembered as the last element found. Throws `FWKTError::fdslError` where there is no
+  /// such class, no such element, or fewer than `nthElement`.
+  static XCUIElement findByClass(const ClassSearch& search);
+
+  /// Whether `findByText` finds an enabled element that contains the text, in any case. What it finds is remembered; an
+  /// error means no.
+  static bool isTextExists(std::string_view selector);
+
+  /// The same for a regular expression that matches the whole text.
+  static bool isTextExactExists(std::string_view selector);
 
   /// The result of the last search that succeeded, by whichever script. A failed search leaves it as it was.
   static std::optional<XCUIElement> lastElementFound;

@@ -50,19 +50,65 @@ bool isKeyPath(std::string_view word) {
 }
 
 std::optional<bool> truthValue(std::string_view uppercasedWord) {
-  if (uppercasedWord == "TRUE" || uppercasedWord == "YES") {
+  if (uppercasedWord == "TRUE" || uppercasedWord == "YES" || uppercasedWord == "1") {
     return true;
   }
-  if (uppercasedWord == "FALSE" || uppercasedWord == "NO") {
+  if (uppercasedWord == "FALSE" || uppercasedWord == "NO" || uppercasedWord == "0") {
     return false;
   }
   return std::nullopt;
 }
 
 bool isReserved(std::string_view uppercasedWord) {
-  constexpr std::array<std::string_view, 7> WORDS = {
-      "AND", "OR", "NOT", "CONTAINS", "MATCHES", "TRUEPREDICATE", "FALSEPREDICATE"};
+  constexpr std::array<std::string_view, 11> WORDS = {"AND",      "OR",   "NOT",     "CONTAINS",      "BEGINSWITH",
+                                                      "ENDSWITH", "LIKE", "MATCHES", "TRUEPREDICATE", "FALSEPREDICATE",
+                                                      "IN"};
   return std::find(WORDS.begin(), WORDS.end(), uppercasedWord) != WORDS.end();
+}
+
+/// Any text, line breaks included. The sign that lets `.` stand for those too comes before the whole pattern.
+constexpr std::string_view ANY_TEXT = ".*";
+constexpr std::string_view ANY_CHARACTER = ".";
+constexpr std::string_view WITH_LINE_BREAKS = "(?s)";
+
+/// The regular expression that matches the character and no other.
+std::string escapedForPattern(char character) {
+  constexpr std::string_view SPECIAL_CHARACTERS = R"(\^$.|?*+()[]{}#-&)";
+  return (SPECIAL_CHARACTERS.find(character) == SPECIAL_CHARACTERS.npos ? "" : "\\") + std::string(1, character);
+}
+
+std::string patternOf(std::string_view text) {
+  std::string pattern;
+  for (const char character : text) {
+    pattern += escapedForPattern(character);
+  }
+  return pattern;
+}
+
+/// The regular expression for a text with wildcards, in which a backslash takes the next character as it is.
+std::string patternOfWildcards(std::string_view text) {
+  std::string pattern(WITH_LINE_BREAKS);
+  while (!text.empty()) {
+    const bool isEscaped = text.front() == '\\' && text.size() > 1;
+    text.remove_prefix(isEscaped ? 1 : 0);
+    if (!isEscaped && text.front() == '*') {
+      pattern += ANY_TEXT;
+    } else if (!isEscaped && text.front() == '?') {
+      pattern += ANY_CHARACTER;
+    } else {
+      pattern += escapedForPattern(text.front());
+    }
+    text.remove_prefix(1);
+  }
+  return pattern;
+}
+
+std::string patternOfBeginning(std::string_view text) {
+  return std::string(WITH_LINE_BREAKS).append(patternOf(text)).append(ANY_TEXT);
+}
+
+std::string patternOfEnding(std::string_view text) {
+  return std::string(WITH_LINE_BREAKS).append(ANY_TEXT).append(patternOf(text));
 }
 
 }  // namespace
@@ -135,10 +181,22 @@ class PredicateParser {
 
   NSPredicate comparison() {
     NSPredicate::Operand left = operand("a comparison, NOT or (");
-    const NSPredicate::Operator op = comparisonOperator();
-    const bool ignoresCase = option();
-    NSPredicate::Operand right = operand("a key path, a text, TRUE, FALSE or %@");
-    return NSPredicate(NSPredicate::Comparison{std::move(left), op, ignoresCase, std::move(right)});
+    if (acceptSymbol("!=")) {
+      return compound(NSPredicate::Junction::negation, {compared(std::move(left), NSPredicate::Operator::equalTo)});
+    }
+    if (acceptWord("IN")) {
+      return membership(std::move(left));
+    }
+    if (acceptWord("BEGINSWITH")) {
+      return matched(std::move(left), patternOfBeginning);
+    }
+    if (acceptWord("ENDSWITH")) {
+      return matched(std::move(left), patternOfEnding);
+    }
+    if (acceptWord("LIKE")) {
+      return matched(std::move(left), patternOfWildcards);
+    }
+    return compared(std::move(left), comparisonOperator());
   }
 
   NSPredicate::Operator comparisonOperator() {
@@ -151,7 +209,46 @@ class PredicateParser {
     if (acceptWord("MATCHES")) {
       return NSPredicate::Operator::matches;
     }
-    fail("an operator (==, CONTAINS or MATCHES)");
+    fail("an operator (==, !=, CONTAINS, BEGINSWITH, ENDSWITH, LIKE, MATCHES or IN)");
+  }
+
+  /// Behind the operator.
+  NSPredicate compared(NSPredicate::Operand left, NSPredicate::Operator op) {
+    const bool ignoresCase = option();
+    NSPredicate::Operand right = operand(AN_OPERAND);
+    return NSPredicate(NSPredicate::Comparison{std::move(left), op, ignoresCase, std::move(right)});
+  }
+
+  /// Behind an operator for which there is a pattern.
+  NSPredicate matched(NSPredicate::Operand left, std::string (*pattern)(std::string_view text)) {
+    const bool ignoresCase = option();
+    const std::size_t position = token_.position;
+    const std::string found = token_.found();
+    const NSPredicate::Operand right = operand("a text or %@");
+    const auto* const text = std::get_if<std::string>(&right);
+    if (text == nullptr) {
+      format_.fail(position, "a text or %@", found);
+    }
+    return NSPredicate(
+        NSPredicate::Comparison{std::move(left), NSPredicate::Operator::matches, ignoresCase, pattern(*text)});
+  }
+
+  /// Behind IN.
+  NSPredicate membership(NSPredicate::Operand left) {
+    const bool ignoresCase = option();
+    if (!acceptSymbol("{")) {
+      return NSPredicate(NSPredicate::Comparison{operand("{, or " + std::string(AN_OPERAND)),
+                                                 NSPredicate::Operator::contains, ignoresCase, std::move(left)});
+    }
+    std::vector<NSPredicate> parts;
+    while (!acceptSymbol("}")) {
+      if (!parts.empty() && !acceptSymbol(",")) {
+        fail(", or }");
+      }
+      parts.push_back(
+          NSPredicate(NSPredicate::Comparison{left, NSPredicate::Operator::equalTo, ignoresCase, operand(AN_OPERAND)}));
+    }
+    return joined(NSPredicate::Junction::disjunction, std::move(parts));
   }
 
   bool option() {
@@ -228,6 +325,8 @@ class PredicateParser {
   static NSPredicate compound(NSPredicate::Junction junction, std::vector<NSPredicate> parts) {
     return NSPredicate(NSPredicate::Compound{junction, std::move(parts)});
   }
+
+  static constexpr std::string_view AN_OPERAND = "a key path, a text, TRUE, FALSE or %@";
 
   PredicateFormat format_;
   std::span<const NSPredicate::Argument> arguments_;

@@ -19,10 +19,15 @@ class PredicateFormatError : public std::runtime_error {
 /// A condition on an element's attributes, parsed once from the platform's format strings into a small tree that a
 /// driver evaluates in memory or hands on as text. A value: copies share the tree.
 ///
-/// The format language: key paths; `==` (also `=`), `CONTAINS`, `MATCHES`, each text operator with an optional `[c]`
-/// for "without regard to case"; `AND`, `OR`, `NOT` in either case, or `&&`, `||`, `!`; text literals in single or
-/// double quotes with the escapes \" \' \\ \n \r \t \uXXXX; `TRUE`, `YES`, `FALSE`, `NO` in either case; `%@` for the
-/// next argument; parentheses. NOT binds tighter than AND, AND tighter than OR.
+/// The format language: key paths; `==` (also `=`), `!=`, `CONTAINS`, `BEGINSWITH`, `ENDSWITH`, `LIKE`, `MATCHES`,
+/// `IN`, each with an optional `[c]` for "without regard to case"; `AND`, `OR`, `NOT` in either case, or `&&`, `||`,
+/// `!`; text literals in single or double quotes with the escapes \" \' \\ \n \r \t \uXXXX; `TRUE`, `YES`, `FALSE`,
+/// `NO` in either case, and `1` and `0` for them; `%@` for the next argument; parentheses. NOT binds tighter than AND,
+/// AND tighter than OR.
+///
+/// Some of it is another way to write what the tree has: `a != b` is `NOT a == b`; `a IN {b, c}` is `a == b OR a == c`,
+/// and `a IN b` is `b CONTAINS a`; `BEGINSWITH`, `ENDSWITH` and `LIKE` (`*` for any text, `?` for any character),
+/// behind which a text stands, are `MATCHES`.
 class NSPredicate {
  public:
   using Argument = std::variant<std::string, bool>;

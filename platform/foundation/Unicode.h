@@ -31,6 +31,9 @@ std::size_t newlineLength(std::string_view text);
 /// The number of user-perceived characters (extended grapheme clusters).
 std::size_t characterCount(std::string_view text);
 
+/// The user-perceived characters (extended grapheme clusters) in their order, as parts of the text.
+std::vector<std::string_view> characters(std::string_view text);
+
 /// A text folded for comparing without regard to case: full case folding, so that ß becomes ss.
 struct FoldedText {
   std::string text;

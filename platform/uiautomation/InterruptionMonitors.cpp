@@ -39,7 +39,8 @@ bool InterruptionMonitors::askHandlers(const XCUIElement& alert) {
 }
 
 void InterruptionMonitors::dealWith(const std::function<std::optional<XCUIElement>()>& blockingAlert) {
-  if (isHandling_) {
+  // Without a handler nothing would change, and to look for an alert may cost an exchange with a phone.
+  if (isHandling_ || monitors_.empty()) {
     return;
   }
   const Raised handling(isHandling_);

@@ -35,6 +35,8 @@ class XCUIElement {
 
   XCUIElementQuery descendants(ElementType type) const;
   XCUIElementQuery buttons() const { return descendants(ElementType::button); }
+  XCUIElementQuery keyboards() const { return descendants(ElementType::keyboard); }
+  XCUIElementQuery scrollViews() const { return descendants(ElementType::scrollView); }
   XCUIElementQuery staticTexts() const { return descendants(ElementType::staticText); }
   XCUIElementQuery windows() const { return descendants(ElementType::window); }
 

@@ -3,13 +3,19 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <iterator>
+#include <map>
 #include <string>
+#include <utility>
+#include <variant>
 #include <vector>
 
 #include "platform/uiautomation/UIAutomationError.h"
 #include "quobrakUITests/CommandDispatch.h"
+#include "quobrakUITests/Find.h"
 #include "quobrakUITests/TestContext.h"
+#include "quobrakUITests/quobrakUITests.h"
+#include "tests/quobrakUITests/AnsweringDriver.h"
+#include "tests/quobrakUITests/QueryWords.h"
 #include "tests/quobrakUITests/RaisedErrors.h"
 #include "tests/support/TestPlatform.h"
 
@@ -17,8 +23,15 @@ namespace quobrak {
 namespace {
 
 using std::chrono::milliseconds;
+using testing::AnsweringDriver;
+using testing::APP_IN_WORDS;
 using ::testing::ElementsAre;
 using ::testing::Eq;
+using ::testing::IsEmpty;
+using testing::pointInWords;
+using ::testing::SizeIs;
+using ::testing::StartsWith;
+using testing::textElementInWords;
 using ::testing::ThrowsMessage;
 
 constexpr const char* GO = R"(<XCUIElementTypeButton label="Go" x="0" y="0" width="100" height="20"/>)";
@@ -53,9 +66,55 @@ void failToWrite(testing::TestPlatform& platform) {
 }
 
 TEST(CommandTable, NamesInOrder) {
-  EXPECT_THAT(namesIn(commandTable()),
-              ElementsAre("applicationStart", "applicationKill", "clickByText", "measureStart", "measureStop", "pause",
-                          "pressHome", "pressVolumeUp", "pressVolumeDown"));
+  const std::vector<std::string_view> names = {"applicationStart",
+                                               "applicationKill",
+                                               "clickByText",
+                                               "clickByTextExact",
+                                               "longClickByText",
+                                               "clickByTextOnSystemPopup",
+                                               "clickByXY",
+                                               "longClickByXY",
+                                               "clickByPercent",
+                                               "clickOnLastElementFound",
+                                               "findByClass",
+                                               "findByText",
+                                               "findByTextExact",
+                                               "measureStart",
+                                               "measureStop",
+                                               "pause",
+                                               "pressHome",
+                                               "pressVolumeUp",
+                                               "pressVolumeDown",
+                                               "waitUntilText",
+                                               "waitUntilTextExact",
+                                               "waitUntilAccessibilityField",
+                                               "waitUntilAccessibilityFieldExact",
+                                               "waitUntilTextOnSystemPopup",
+                                               "waitUntilGoneText",
+                                               "waitUntilGoneTextExact",
+                                               "waitUntilGoneAccessibilityField",
+                                               "waitUntilGoneAccessibilityFieldExact",
+                                               "waitUntilTextBeforeClick",
+                                               "waitUntilTextExactBeforeClick",
+                                               "waitUntilAccessibilityFieldBeforeClick",
+                                               "waitUntilAccessibilityFieldExactBeforeClick",
+                                               "enterText",
+                                               "enterTextFast",
+                                               "setTextByText",
+                                               "setTextByTextExact",
+                                               "scrollDownward",
+                                               "scrollUpward",
+                                               "scrollLeftward",
+                                               "scrollRightward",
+                                               "swipeDownward",
+                                               "swipeUpward",
+                                               "swipeLeftward",
+                                               "swipeRightward",
+                                               "swipeVertical",
+                                               "swipeHorizontal",
+                                               "swipeDownwardToText",
+                                               "swipeUpwardToText"};
+  EXPECT_EQ(namesIn(commandTable()), names);
 }
 
 TEST(CommandTable, NamesAreComparedExactly) {
@@ -174,22 +233,6 @@ TEST(CommandTable, MeasureStopWhosePictureFailsHasEndedTheMeasure) {
   EXPECT_EQ(TestContext::shared().getTestResults()[0].test, "Home");
 }
 
-TEST(CommandTable, MissingFieldThatIsReadDirectlyIsFatal) {
-  struct Row {
-    std::string_view command;
-    std::string_view argument;
-  };
-  constexpr Row ROWS[] = {{"applicationStart", "bundleId"},
-                          {"applicationKill", "bundleId"},
-                          {"clickByText", "selector"},
-                          {"measureStart", "stepName"}};
-  testing::TestPlatform platform;
-  for (const auto& [command, argument] : ROWS) {
-    EXPECT_DEATH(run({command}),
-                 Eq("Fatal error: Index out of range: the field 1 (" + std::string(argument) + ") is missing\n"));
-  }
-}
-
 TEST(CommandTable, MeasureStopWithoutMeasureStartIsFatal) {
   testing::TestPlatform platform;
   EXPECT_DEATH(run({"measureStop"}),
@@ -204,32 +247,483 @@ TEST(CommandTable, EmptyNames) {
   EXPECT_EQ(TestContext::shared().getCurrentTestResult().measures[0].size(), 1U);
 }
 
+/// The words of an argument: its label, its unit, and the default where it has one.
+std::string inWords(const ArgumentInfo& argument) {
+  struct DefaultInWords {
+    std::string operator()(std::monostate) const { return ""; }
+    std::string operator()(std::int64_t number) const { return " = " + std::to_string(number); }
+    std::string operator()(bool truth) const { return truth ? " = true" : " = false"; }
+  };
+  constexpr std::string_view UNITS[] = {"text", "milliseconds", "percent", "points", "count", "truth value"};
+  return std::to_string(argument.field) + " " + std::string(argument.label) + " (" +
+         std::string(UNITS[static_cast<std::size_t>(argument.unit)]) + ")" +
+         std::visit(DefaultInWords{}, argument.defaultValue);
+}
+
 TEST(CommandTable, ArgumentsOfEachCommand) {
+  using Words = std::vector<std::string>;
+  const Words selector{"1 selector (text)"};
+  const Words search{"1 selector (text)", "2 nthElement (count) = 1", "3 isEnabled (truth value) = true"};
+  const Words wait{"1 selector (text)", "2 timeout (milliseconds) = 30000"};
+  const Words waitThenTap{"1 selector (text)", "2 clickOnlyIfExists (truth value) = false"};
+  const Words setText{"1 textToSet (text)", "2 textSelector (text)"};
+  const Words swipeToText{"1 selector (text)", "2 maxSwipe (count) = 30", "3 percX (percent) = 50"};
+  const std::map<std::string_view, Words> expected = {
+      {"applicationStart", {"1 bundleId (text)"}},
+      {"applicationKill", {"1 bundleId (text)"}},
+      {"clickByText", selector},
+      {"clickByTextExact", selector},
+      {"longClickByText", {"1 selector (text)", "2 duration (milliseconds) = 1000"}},
+      {"clickByTextOnSystemPopup", selector},
+      {"clickByXY", {"1 x (points)", "2 y (points)"}},
+      {"longClickByXY", {"1 x (points)", "2 y (points)", "3 duration (milliseconds) = 1000"}},
+      {"clickByPercent", {"1 xPercentage (percent)", "2 yPercentage (percent)"}},
+      {"findByClass", search},
+      {"findByText", search},
+      {"findByTextExact", search},
+      {"measureStart", {"1 stepName (text)"}},
+      {"pause", {"1 timeMillis (milliseconds)"}},
+      {"waitUntilText", wait},
+      {"waitUntilTextExact", wait},
+      {"waitUntilAccessibilityField", wait},
+      {"waitUntilAccessibilityFieldExact", wait},
+      {"waitUntilTextOnSystemPopup", wait},
+      {"waitUntilGoneText", wait},
+      {"waitUntilGoneTextExact", wait},
+      {"waitUntilGoneAccessibilityField", wait},
+      {"waitUntilGoneAccessibilityFieldExact", wait},
+      {"waitUntilTextBeforeClick", waitThenTap},
+      {"waitUntilTextExactBeforeClick", waitThenTap},
+      {"waitUntilAccessibilityFieldBeforeClick", waitThenTap},
+      {"waitUntilAccessibilityFieldExactBeforeClick", waitThenTap},
+      {"enterText", {"1 text (text)", "2 period (milliseconds) = 0"}},
+      {"enterTextFast", {"1 text (text)"}},
+      {"setTextByText", setText},
+      {"setTextByTextExact", setText},
+      {"swipeDownward", {"1 percX (percent) = 50", "2 percStartY (percent) = 90"}},
+      {"swipeUpward", {"1 percX (percent) = 50", "2 percStartY (percent) = 10"}},
+      {"swipeLeftward", {"1 percY (percent)"}},
+      {"swipeRightward", {"1 percY (percent)"}},
+      {"swipeVertical", {"1 percStartY (percent)", "2 percEndY (percent)", "3 percX (percent)"}},
+      {"swipeHorizontal", {"1 percStartX (percent)", "2 percEndX (percent)", "3 percY (percent)"}},
+      {"swipeDownwardToText", swipeToText},
+      {"swipeUpwardToText", swipeToText},
+  };
+  std::map<std::string_view, Words> found;
+  for (const CommandRow& row : commandTable()) {
+    for (const ArgumentInfo& argument : row.arguments()) {
+      found[row.name].push_back(inWords(argument));
+    }
+  }
+  EXPECT_EQ(found, expected);
+}
+
+/// Commands that wait, type or measure on a phone that answers that all is there.
+struct AnsweringPhone {
+  AnsweringPhone() { TestContext::shared().setTestingApp("com.example.test"); }
+  testing::TestPlatform platform;
+  AnsweringDriver& driver = AnsweringDriver::install();
+
+  std::vector<std::string> actionsOf(const std::vector<std::string_view>& fields) {
+    driver.operations.clear();
+    run(fields);
+    return driver.actions();
+  }
+};
+
+TEST(CommandTable, ActionsOfTheCommandsOnElementsAndPoints) {
+  const auto drag = [](const std::string& from, const std::string& to) {
+    return "drag after 0 s: " + pointInWords(from) + " to " + pointInWords(to);
+  };
+  const std::string contains = textElementInWords("CONTAINS[c]", "a");
+  const std::string matches = textElementInWords("MATCHES", "a");
+  const std::string springboard = " of the application \"com.apple.springboard\"";
+  const std::string button = "the element (single) of the Button descendants, keyed \"a\"" + springboard;
+  const std::string scrollView = "the element (first) of the ScrollView descendants of " + APP_IN_WORDS;
+  const std::string returnKey =
+      "the element (at index 0) of the Button descendants, keyed \"return\" of " + APP_IN_WORDS;
+  struct Row {
+    std::vector<std::string_view> fields;
+    std::vector<std::string> actions;
+  };
+  const Row ROWS[] = {
+      {{"clickByText", "a"}, {"tap: " + contains}},
+      {{"clickByTextExact", "a"}, {"tap: " + matches}},
+      {{"longClickByText", "a"}, {"press 1 s: " + contains}},
+      {{"longClickByText", "a", "2500"}, {"press 2.5 s: " + contains}},
+      {{"clickByTextOnSystemPopup", "a"}, {"tap: " + button}},
+      {{"clickByXY", "25", "50"}, {"tap: " + pointInWords("(0.25, 0.25)")}},
+      {{"clickByXY", "", "x"}, {"tap: " + pointInWords("(0, 0)")}},
+      {{"longClickByXY", "25", "50"}, {"press 1 s: " + pointInWords("(0.25, 0.25)")}},
+      {{"longClickByXY", "25", "50", "-5"}, {"press -0.005 s: " + pointInWords("(0.25, 0.25)")}},
+      {{"clickByPercent", "25", "+75"}, {"tap: " + pointInWords("(0.25, 0.75)")}},
+      {{"clickOnLastElementFound"}, {"tap: " + contains}},
+      {{"scrollDownward"}, {"swipe up: " + scrollView}},
+      {{"scrollUpward"}, {"swipe down: " + scrollView}},
+      {{"scrollLeftward"}, {"swipe right: " + scrollView}},
+      {{"scrollRightward"}, {"swipe left: " + scrollView}},
+      {{"swipeDownward"}, {drag("(0.5, 0.9)", "(0.5, 0.2)")}},
+      {{"swipeDownward", "20"}, {drag("(0.2, 0.9)", "(0.2, 0.2)")}},
+      {{"swipeDownward", "20", "70"}, {drag("(0.2, 0.7)", "(0.2, 0.2)")}},
+      {{"swipeUpward"}, {drag("(0.5, 0.1)", "(0.5, 0.8)")}},
+      {{"swipeUpward", "20", "30"}, {drag("(0.2, 0.3)", "(0.2, 0.8)")}},
+      {{"swipeLeftward", "40"}, {drag("(0.2, 0.4)", "(0.8, 0.4)")}},
+      {{"swipeRightward", "40"}, {drag("(0.8, 0.4)", "(0.2, 0.4)")}},
+      {{"swipeVertical", "70", "30", "10"}, {drag("(0.1, 0.7)", "(0.1, 0.3)")}},
+      {{"swipeHorizontal", "70", "30", "10"}, {drag("(0.7, 0.1)", "(0.3, 0.1)")}},
+      {{"swipeDownwardToText", "a"}, {}},
+      {{"swipeUpwardToText", "a", "1", "30"}, {}},
+      {{"enterText", "ab"}, {"type \"a\": " + APP_IN_WORDS, "type \"b\": " + APP_IN_WORDS}},
+      {{"enterTextFast", "ab"}, {"type \"ab\": " + APP_IN_WORDS}},
+      {{"setTextByText", "text", "a"}, {"tap: " + contains, "type \"text\": " + contains, "tap: " + returnKey}},
+      {{"setTextByTextExact", "text", "a"}, {"tap: " + matches, "type \"text\": " + matches, "tap: " + returnKey}},
+  };
+  AnsweringPhone phone;
+  for (const auto& [fields, actions] : ROWS) {
+    EXPECT_EQ(phone.actionsOf(fields), actions) << fields[0];
+  }
+}
+
+TEST(CommandTable, SwipesToATextAreThirtyInTheMiddleUnlessTheScriptSaysOtherwise) {
+  struct Row {
+    std::vector<std::string_view> fields;
+    std::size_t swipes;
+    std::string start;
+  };
+  const Row ROWS[] = {{{"swipeDownwardToText", "a"}, 30, "(0.5, 0.9)"},
+                      {{"swipeDownwardToText", "a", "2"}, 2, "(0.5, 0.9)"},
+                      {{"swipeDownwardToText", "a", "2", "20"}, 2, "(0.2, 0.9)"},
+                      {{"swipeUpwardToText", "a"}, 30, "(0.5, 0.1)"},
+                      {{"swipeUpwardToText", "a", "40", "20"}, 30, "(0.2, 0.1)"}};
+  AnsweringPhone phone;
+  phone.driver.isHittableAnswer = [] { return false; };
+  for (const Row& row : ROWS) {
+    EXPECT_THAT([&] { phone.actionsOf(row.fields); },
+                testing::raisesFdslError("The selector a has not been found after the swipe"));
+    EXPECT_THAT(phone.driver.actions(), SizeIs(row.swipes));
+    EXPECT_THAT(phone.driver.actions()[0], StartsWith("drag after 0 s: " + pointInWords(row.start)));
+  }
+}
+
+TEST(CommandTable, TextIsTypedWithoutPausesUnlessTheScriptSaysOtherwise) {
+  AnsweringPhone phone;
+  run({"enterText", "ab"});
+  EXPECT_EQ(phone.platform.elapsed(), milliseconds(0));
+  run({"enterText", "ab", "200"});
+  EXPECT_EQ(phone.platform.elapsed(), milliseconds(400));
+}
+
+/// A wait, what it waits for in words ("%" is the time), and what the command says where it does not come about.
+struct WaitRow {
+  std::string_view command;
+  std::string wait;
+  std::string message;
+};
+
+std::vector<WaitRow> waitRows() {
+  const auto existence = [](const std::string& condition) {
+    return "wait % s for existence: the element (single) of the descendants, matching " + condition + " of " +
+           APP_IN_WORDS;
+  };
+  const auto gone = [](const std::string& condition) {
+    return "wait % s for NOT " + condition + ": the element (first) of the descendants, matching " + condition +
+           " of " + APP_IN_WORDS;
+  };
+  const std::string notFound = "The expected element Login was not found";
+  const std::string found = "Not expected element was found Login";
+  return {
+      {"waitUntilText", existence(R"(label CONTAINS[c] "Login")"), notFound},
+      {"waitUntilTextExact", existence(R"(label MATCHES "Login")"), notFound},
+      {"waitUntilAccessibilityField", existence(R"(identifier CONTAINS[c] "Login")"), notFound},
+      {"waitUntilAccessibilityFieldExact", existence(R"(identifier MATCHES "Login")"), notFound},
+      {"waitUntilTextOnSystemPopup",
+       R"(wait % s for existence: the element (single) of the Button descendants, keyed "Login" of the application )"
+       R"("com.apple.springboard")",
+       notFound},
+      {"waitUntilGoneText", gone(R"(label CONTAINS[c] "Login")"), found},
+      {"waitUntilGoneTextExact", gone(R"(label MATCHES "Login")"), found},
+      {"waitUntilGoneAccessibilityField", gone(R"(identifier CONTAINS[c] "Login")"), found},
+      {"waitUntilGoneAccessibilityFieldExact", gone(R"(identifier MATCHES "Login")"), found},
+  };
+}
+
+std::string withTime(std::string words, const std::string& seconds) {
+  return words.replace(words.find('%'), 1, seconds);
+}
+
+TEST(CommandTable, WaitsThatComeAbout) {
+  AnsweringPhone phone;
+  for (const auto& [command, wait, message] : waitRows()) {
+    EXPECT_THAT(phone.actionsOf({command, "Login"}), ElementsAre(withTime(wait, "30")));
+    EXPECT_THAT(phone.actionsOf({command, "Login", "1500"}), ElementsAre(withTime(wait, "1.5")));
+    EXPECT_THAT(phone.actionsOf({command, "Login", "-500", "ignored"}), ElementsAre(withTime(wait, "-0.5")));
+  }
+}
+
+TEST(CommandTable, WaitsWhoseTimeRunsOut) {
+  AnsweringPhone phone;
+  phone.driver.waitAnswer = XCTWaiterResult::timedOut;
+  for (const WaitRow& row : waitRows()) {
+    EXPECT_THAT([&] { run({row.command, "Login"}); }, testing::raisesFdslError(row.message)) << row.command;
+  }
+}
+
+TEST(CommandTable, WaitsThenTaps) {
   struct Row {
     std::string_view command;
-    std::string_view label;
-    Unit unit;
+    std::string attribute;
+    std::string comparison;
   };
-  constexpr Row ROWS[] = {{"applicationStart", "bundleId", Unit::text},
-                          {"applicationKill", "bundleId", Unit::text},
-                          {"clickByText", "selector", Unit::text},
-                          {"measureStart", "stepName", Unit::text},
-                          {"pause", "timeMillis", Unit::milliseconds}};
-  std::size_t rowsWithArguments = 0;
-  for (const CommandRow& row : commandTable()) {
-    if (row.arguments().empty()) {
-      continue;
-    }
-    ASSERT_LT(rowsWithArguments, std::size(ROWS)) << row.name;
-    const Row& expected = ROWS[rowsWithArguments++];
-    EXPECT_EQ(row.name, expected.command);
-    ASSERT_EQ(row.arguments().size(), 1U) << row.name;
-    EXPECT_EQ(row.arguments()[0].field, 1U) << row.name;
-    EXPECT_EQ(row.arguments()[0].label, expected.label);
-    EXPECT_EQ(row.arguments()[0].unit, expected.unit) << row.name;
-    EXPECT_EQ(row.arguments()[0].defaultValue, ArgumentDefault()) << row.name;
+  const Row ROWS[] = {{"waitUntilTextBeforeClick", "label", "CONTAINS[c]"},
+                      {"waitUntilTextExactBeforeClick", "label", "MATCHES"},
+                      {"waitUntilAccessibilityFieldBeforeClick", "identifier", "CONTAINS[c]"},
+                      {"waitUntilAccessibilityFieldExactBeforeClick", "identifier", "MATCHES"}};
+  AnsweringPhone phone;
+  phone.driver.waitAnswer = XCTWaiterResult::timedOut;
+  for (const Row& row : ROWS) {
+    const std::string wait = " s for existence: the element (single) of the descendants, matching " + row.attribute +
+                             " " + row.comparison + " \"a\" of " + APP_IN_WORDS;
+    const std::string tap = "tap: " + textElementInWords(row.comparison, "a");
+    EXPECT_THAT(phone.actionsOf({row.command, "a"}), ElementsAre("wait 10" + wait, tap));
+    EXPECT_THAT(phone.actionsOf({row.command, "a", "false"}), ElementsAre("wait 10" + wait, tap));
+    EXPECT_THAT(phone.actionsOf({row.command, "a", "true"}), ElementsAre("wait 2" + wait));
   }
-  EXPECT_EQ(rowsWithArguments, std::size(ROWS));
+}
+
+TEST(CommandTable, SearchesRememberWhatTheyFind) {
+  testing::TestPlatform platform(R"(
+    <XCUIElementTypeButton label="a one" x="0" y="0" width="100" height="20"/>
+    <XCUIElementTypeButton label="a" x="0" y="20" width="100" height="20"/>
+    <XCUIElementTypeButton label="a off" enabled="false" x="0" y="40" width="100" height="20"/>
+    <XCUIElementTypeImage label="a" x="0" y="60" width="100" height="20"/>)");
+  run({"applicationStart", "com.example.test"});
+  struct Row {
+    std::vector<std::string_view> fields;
+    double top;
+  };
+  const Row ROWS[] = {{{"findByText", "A"}, 0},
+                      {{"findByText", "A", "3"}, 60},
+                      {{"findByText", "A", "1", "false"}, 40},
+                      {{"findByTextExact", "a"}, 20},
+                      {{"findByTextExact", "a", "2", "true", ""}, 60},
+                      {{"findByClass", "Image"}, 60},
+                      {{"findByClass", "Button", "2"}, 20},
+                      {{"findByClass", "Button", "1", "false"}, 40}};
+  for (const auto& [fields, top] : ROWS) {
+    run(fields);
+    EXPECT_EQ(Find::lastElementFound->frame().origin.y, top) << fields[0];
+  }
+  EXPECT_THAT([] { run({"findByTextExact", "A"}); }, testing::raisesFdslError("The expected text A was not found"));
+}
+
+// What may be wrong with arguments, for all commands alike.
+
+/// What the command says of an argument that is there but wrong.
+std::string rejection(const ArgumentInfo& argument, const std::string& value) {
+  const bool isOptional = argument.defaultValue != ArgumentDefault();
+  if (argument.unit == Unit::percent) {
+    return (isOptional ? "The duration " : "The coordinate ") + value + " should be an integer";
+  }
+  using Wording = std::pair<std::string, std::string>;
+  const std::map<std::string_view, Wording> wordings = {
+      {"duration", {"The duration ", " should be an integer"}},
+      {"timeout", {"The timeout ", " should be an integer"}},
+      {"period", {"The frequency ", " should be an integer"}},
+      {"maxSwipe", {"The maximum of swipes ", " should be an integer"}},
+      {"nthElement", {"nthElement ", " should be an integer"}},
+      {"isEnabled", {"isEnabled ", " should be an boolean"}},
+      {"clickOnlyIfExists", {"The clickOnlyIfExists parameter ", " should be true or false"}},
+      {"timeMillis", {"The pause duration ", " should be a positive integer"}},
+  };
+  const Wording& wording = wordings.at(argument.label);
+  return wording.first + value + wording.second;
+}
+
+bool isReadDirectly(const ArgumentInfo& argument) {
+  return argument.unit == Unit::text || argument.unit == Unit::points;
+}
+
+/// A value that every command takes.
+std::string_view valueOf(const ArgumentInfo& argument) {
+  switch (argument.unit) {
+    case Unit::text:
+      return "Button";
+    case Unit::truthValue:
+      return "true";
+    case Unit::milliseconds:
+    case Unit::percent:
+    case Unit::points:
+    case Unit::count:
+      break;
+  }
+  return "1";
+}
+
+/// A line with that many right arguments.
+std::vector<std::string_view> lineOf(const CommandRow& row, std::size_t arguments) {
+  std::vector<std::string_view> fields{row.name};
+  for (const ArgumentInfo& argument : row.arguments().first(arguments)) {
+    fields.push_back(valueOf(argument));
+  }
+  return fields;
+}
+
+/// The commands that act on elements and points.
+std::vector<CommandRow> elementCommands() {
+  std::vector<CommandRow> rows(commandTable().begin(), commandTable().end());
+  std::erase_if(rows, [](const CommandRow& row) {
+    return row.name.starts_with("application") || row.name.starts_with("measure") || row.name.starts_with("press");
+  });
+  return rows;
+}
+
+TEST(CommandArguments, AllThere) {
+  AnsweringPhone phone;
+  for (const CommandRow& row : elementCommands()) {
+    EXPECT_NO_THROW(run(lineOf(row, row.arguments().size()))) << row.name;
+  }
+}
+
+TEST(CommandArguments, ExtraFieldsAreIgnored) {
+  AnsweringPhone phone;
+  for (const CommandRow& row : elementCommands()) {
+    const std::vector<std::string> actions = phone.actionsOf(lineOf(row, row.arguments().size()));
+    for (const std::string_view extra : {"", "x"}) {
+      std::vector<std::string_view> fields = lineOf(row, row.arguments().size());
+      fields.push_back(extra);
+      EXPECT_EQ(phone.actionsOf(fields), actions) << row.name;
+    }
+  }
+}
+
+TEST(CommandArguments, MissingOnes) {
+  AnsweringPhone phone;
+  for (const CommandRow& row : elementCommands()) {
+    for (std::size_t i = 0; i < row.arguments().size(); ++i) {
+      const ArgumentInfo& argument = row.arguments()[i];
+      const std::vector<std::string_view> fields = lineOf(row, i);
+      if (argument.defaultValue != ArgumentDefault()) {
+        EXPECT_NO_THROW(run(fields)) << row.name;
+      } else if (argument.unit == Unit::percent) {
+        EXPECT_THAT([&] { run(fields); }, testing::raisesFdslError("A coordinate is missing")) << row.name;
+      } else if (argument.unit == Unit::milliseconds) {
+        EXPECT_THAT([&] { run(fields); }, testing::raisesFdslError("The pause duration is missing")) << row.name;
+      }
+    }
+  }
+}
+
+TEST(CommandArguments, MissingOnesThatAreReadDirectlyAreFatal) {
+  testing::TestPlatform platform;
+  for (const CommandRow& row : commandTable()) {
+    for (std::size_t i = 0; i < row.arguments().size(); ++i) {
+      if (const ArgumentInfo& argument = row.arguments()[i]; isReadDirectly(argument)) {
+        EXPECT_DEATH(run(lineOf(row, i)),
+                     Eq("Fatal error: Index out of range: the field " + std::to_string(argument.field) + " (" +
+                        std::string(argument.label) + ") is missing\n"))
+            << row.name;
+      }
+    }
+  }
+}
+
+TEST(CommandArguments, MalformedOnesAndEmptyOnesAreRejectedBeforeAnythingIsDone) {
+  testing::TestPlatform platform;
+  const AnsweringDriver& driver = AnsweringDriver::install();
+  for (const CommandRow& row : elementCommands()) {
+    for (const ArgumentInfo& argument : row.arguments()) {
+      if (isReadDirectly(argument)) {
+        continue;
+      }
+      for (const std::string value : {"", "x", " 1", "1 ", "1.5", "TRUE", "yes", "9223372036854775808"}) {
+        std::vector<std::string_view> fields = lineOf(row, row.arguments().size());
+        fields[argument.field] = value;
+        EXPECT_THAT([&] { run(fields); }, testing::raisesFdslError(rejection(argument, value))) << row.name;
+      }
+    }
+  }
+  EXPECT_THAT(driver.operations, IsEmpty());
+}
+
+TEST(CommandArguments, EmptyOnesThatAreReadDirectlyAreTexts) {
+  AnsweringPhone phone;
+  for (const CommandRow& row : elementCommands()) {
+    for (const ArgumentInfo& argument : row.arguments()) {
+      // No class has an empty name.
+      if (isReadDirectly(argument) && row.name != "findByClass") {
+        std::vector<std::string_view> fields = lineOf(row, row.arguments().size());
+        fields[argument.field] = "";
+        EXPECT_NO_THROW(run(fields)) << row.name;
+      }
+    }
+  }
+  EXPECT_THAT([] { run({"findByClass", ""}); }, testing::raisesFdslError("The expected class  does not exist"));
+}
+
+TEST(CommandArguments, FirstWrongOneIsNamed) {
+  testing::TestPlatform platform;
+  EXPECT_THAT(
+      [] {
+        run({"clickByPercent", "x", "y"});
+      },
+      testing::raisesFdslError("The coordinate x should be an integer"));
+  EXPECT_THAT([] { run({"clickByPercent", "x"}); }, testing::raisesFdslError("The coordinate x should be an integer"));
+  EXPECT_THAT(
+      [] {
+        run({"swipeVertical", "1", "y", "z"});
+      },
+      testing::raisesFdslError("The coordinate y should be an integer"));
+  EXPECT_THAT(
+      [] {
+        run({"swipeDownwardToText", "a", "x", "y"});
+      },
+      testing::raisesFdslError("The maximum of swipes x should be an integer"));
+  EXPECT_THAT(
+      [] {
+        run({"findByText", "a", "0", "no"});
+      },
+      testing::raisesFdslError("isEnabled no should be an boolean"));
+}
+
+TEST(CommandArguments, AreReadBeforeTheApplicationIsAskedFor) {
+  testing::TestPlatform platform;
+  EXPECT_THAT([] { run({"swipeLeftward", "x"}); }, testing::raisesFdslError("The coordinate x should be an integer"));
+  EXPECT_THAT([] { run({"swipeLeftward", "1"}); }, testing::raisesNotInitialised());
+}
+
+TEST(CommandTable, AScriptOfThem) {
+  testing::TestPlatform platform(R"(
+    <XCUIElementTypeStaticText label="Welcome" x="0" y="0" width="100" height="20"/>
+    <XCUIElementTypeTextField name="name" value="Ada" x="0" y="20" width="100" height="20"/>
+    <XCUIElementTypeButton label="Go" x="0" y="40" width="100" height="20"/>)",
+                                 R"([{"on": "tap", "element": "label == 'Go'",
+                                      "do": [{"open": "com.apple.springboard"}]}])");
+  quobrakUITests test;
+  EXPECT_THAT(
+      [&] {
+        test.executeActions(
+            "applicationStart,com.example.test\n"
+            "waitUntilText,welcome\n"
+            "waitUntilGoneTextExact,Loading.*,5000\n"
+            "setTextByText, L.,NAME\n"
+            "waitUntilTextBeforeClick,Later,true\n"
+            "findByClass,Button\n"
+            "clickOnLastElementFound\n"
+            "waitUntilGoneText,Welcome,3000");
+      },
+      testing::raisesFdslError("Error on line waitUntilGoneText,Welcome,3000 (line: 8). Cause: Not expected element "
+                               "was found Welcome"));
+  EXPECT_TRUE(platform.phone().isInFront("com.apple.springboard"));
+  // The start, the tap that was optional, and the wait that failed.
+  EXPECT_EQ(platform.elapsed(), milliseconds(500 + 2000 + 3000));
+}
+
+TEST(CommandTable, FewerThanOneSwipeToATextIsFatal) {
+  AnsweringPhone phone;
+  EXPECT_DEATH(run({"swipeDownwardToText", "a", "0"}),
+               Eq("Fatal error: Range requires lowerBound <= upperBound: maxSwipe is 0, but must be at least 1\n"));
+  EXPECT_DEATH(run({"swipeUpwardToText", "a", "-1"}),
+               Eq("Fatal error: Range requires lowerBound <= upperBound: maxSwipe is -1, but must be at least 1\n"));
 }
 
 }  // namespace

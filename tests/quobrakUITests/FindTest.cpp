@@ -4,11 +4,14 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <stdexcept>
 #include <string>
 
 #include "platform/uiautomation/UIAutomationError.h"
 #include "platform/uiautomation/XCUIApplication.h"
 #include "quobrakUITests/Application.h"
+#include "quobrakUITests/TestContext.h"
+#include "tests/quobrakUITests/AnsweringDriver.h"
 #include "tests/quobrakUITests/RaisedErrors.h"
 #include "tests/support/TestPlatform.h"
 
@@ -155,6 +158,157 @@ TEST(Find, LastElementFoundIsLookedForAnewEachTime) {
   Application::applicationKill("com.example.test");
   ASSERT_TRUE(Find::lastElementFound.has_value());
   EXPECT_FALSE(Find::lastElementFound->exists());
+}
+
+XCUIElement findClass(std::string_view selector, std::int64_t nthElement = 1) {
+  return Find::findByClass({.selector = selector, .nthElement = nthElement, .isEnabled = true});
+}
+
+TEST(FindByClass, ClassesByTheirNames) {
+  struct Row {
+    std::string name;
+    ElementType type;
+  };
+  const Row ROWS[] = {
+      {"Button", ElementType::button},
+      {"Cell", ElementType::cell},
+      {"CheckBox", ElementType::checkBox},
+      {"Icon", ElementType::icon},
+      {"Image", ElementType::image},
+      {"Other", ElementType::other},
+      {"RadioButton", ElementType::radioButton},
+      {"StaticText", ElementType::staticText},
+      {"Table", ElementType::table},
+      {"TextField", ElementType::textField},
+      {"TextView", ElementType::textView},
+      {"WebView", ElementType::webView},
+      {"Window", ElementType::window},
+  };
+  testing::TestPlatform platform;
+  TestContext::shared().setTestingApp("com.example.test");
+  testing::AnsweringDriver::install();
+  for (const auto& [name, type] : ROWS) {
+    const XCUIElement element = findClass(name);
+    EXPECT_EQ(std::get<DescendantsStep>(element.query().steps()[0]).type, type) << name;
+    EXPECT_EQ(describe(element), "the element (at index 0) of the " + std::string(nameOf(type)) +
+                                     " descendants, matching enabled == TRUE of the application "
+                                     "\"com.example.test\"");
+  }
+}
+
+TEST(FindByClass, NoOtherName) {
+  testing::TestPlatform platform(PAGE);
+  Application::applicationStart("com.example.test");
+  platform.driver().operations.clear();
+  for (const std::string name : {"button", "BUTTON", "Button ", " Button", "Butto", "", "Any", "SecureTextField",
+                                 "Switch", "Link", "SearchField", "XCUIElementTypeButton"}) {
+    EXPECT_THAT([&] { findClass(name); }, testing::raisesFdslError("The expected class " + name + " does not exist"));
+  }
+  EXPECT_THAT(platform.driver().operations, IsEmpty());
+}
+
+TEST(FindByClass, NameIsCheckedBeforeTheRankAndTheRankBeforeTheApplication) {
+  testing::TestPlatform platform;
+  EXPECT_THAT([] { findClass("button", 0); }, testing::raisesFdslError("The expected class button does not exist"));
+  for (const std::int64_t rank : {std::int64_t{0}, std::int64_t{-1}, std::numeric_limits<std::int64_t>::min()}) {
+    EXPECT_THAT([&] { findClass("Button", rank); },
+                testing::raisesFdslError("nthElement should be an integer greater than 1"));
+  }
+  EXPECT_THAT([] { findClass("Button", 1); }, testing::raisesNotInitialised());
+  EXPECT_THAT(platform.driver().operations, IsEmpty());
+}
+
+TEST(FindByClass, ElementsOfTheClassInDocumentOrder) {
+  testing::TestPlatform platform(std::string(PAGE) +
+                                 R"(<XCUIElementTypeButton label="Last" x="0" y="80" width="100" height="20"/>)");
+  Application::applicationStart("com.example.test");
+  EXPECT_EQ(findClass("Button", 1).label(), "Open the abc");
+  EXPECT_EQ(findClass("Button", 2).label(), "Last");
+  EXPECT_EQ(findClass("TextField").frame().origin.y, 40);
+  EXPECT_EQ(Find::findByClass({.selector = "Button", .nthElement = 1, .isEnabled = false}).label(), "abc off");
+}
+
+TEST(FindByClass, ClassThatIsNotThere) {
+  testing::TestPlatform platform(PAGE);
+  Application::applicationStart("com.example.test");
+  EXPECT_THAT([] { findClass("Table"); }, testing::raisesFdslError("The expected class Table was not found"));
+  EXPECT_THAT([] { findClass("Table", 9); }, testing::raisesFdslError("The expected class Table was not found"));
+  EXPECT_THAT([] { Find::findByClass({.selector = "TextField", .nthElement = 1, .isEnabled = false}); },
+              testing::raisesFdslError("The expected class TextField was not found"));
+}
+
+TEST(FindByClass, RankBeyondTheMatches) {
+  testing::TestPlatform platform(PAGE);
+  Application::applicationStart("com.example.test");
+  EXPECT_THAT([] { findClass("Button", 2); },
+              testing::raisesFdslError("The expected class Button was found but there is less than 2 occurences on "
+                                       "the screen"));
+  EXPECT_THAT([] { findClass("Button", std::numeric_limits<std::int64_t>::max()); },
+              testing::raisesFdslError("The expected class Button was found but there is less than "
+                                       "9223372036854775807 occurences on the screen"));
+}
+
+TEST(FindByClass, FoundElementIsTheLastOneFoundUntilAnotherSearchSucceeds) {
+  testing::TestPlatform platform(PAGE);
+  Application::applicationStart("com.example.test");
+  findClass("TextField");
+  EXPECT_THROW(findClass("Table"), FWKTError);
+  EXPECT_THROW(findClass("button"), FWKTError);
+  EXPECT_THROW(findClass("Button", 0), FWKTError);
+  EXPECT_THROW(findClass("Button", 2), FWKTError);
+  ASSERT_TRUE(Find::lastElementFound.has_value());
+  EXPECT_EQ(Find::lastElementFound->frame().origin.y, 40);
+  findClass("Button");
+  EXPECT_EQ(Find::lastElementFound->label(), "Open the abc");
+}
+
+TEST(IsTextExists, TellsWhetherAnEnabledElementHasTheText) {
+  testing::TestPlatform platform(PAGE);
+  Application::applicationStart("com.example.test");
+  EXPECT_TRUE(Find::isTextExists("OPEN"));
+  ASSERT_TRUE(Find::lastElementFound.has_value());
+  EXPECT_EQ(Find::lastElementFound->label(), "Open the abc");
+  EXPECT_FALSE(Find::isTextExists("abc off"));
+  EXPECT_FALSE(Find::isTextExists("A.c"));
+  EXPECT_EQ(Find::lastElementFound->label(), "Open the abc");
+  EXPECT_TRUE(Find::isTextExists("here"));
+  EXPECT_EQ(Find::lastElementFound->frame().origin.y, 40);
+}
+
+TEST(IsTextExists, ExactTextIsARegularExpressionForTheWholeText) {
+  testing::TestPlatform platform(PAGE);
+  Application::applicationStart("com.example.test");
+  EXPECT_TRUE(Find::isTextExactExists("A.c"));
+  ASSERT_TRUE(Find::lastElementFound.has_value());
+  EXPECT_EQ(Find::lastElementFound->label(), "Abc");
+  EXPECT_FALSE(Find::isTextExactExists("abc"));
+  EXPECT_FALSE(Find::isTextExactExists("Open"));
+  EXPECT_FALSE(Find::isTextExactExists("abc off"));
+  EXPECT_EQ(Find::lastElementFound->label(), "Abc");
+}
+
+TEST(IsTextExists, EveryErrorMeansNo) {
+  testing::TestPlatform platform(PAGE);
+  EXPECT_FALSE(Find::isTextExists("abc"));
+  EXPECT_FALSE(Find::isTextExactExists("Abc"));
+  Application::applicationStart("com.example.test");
+  EXPECT_FALSE(Find::isTextExactExists("("));
+  platform.driver().before = [](std::string_view, const std::string&) {
+    throw std::runtime_error("The battery is empty.");
+  };
+  EXPECT_FALSE(Find::isTextExists("abc"));
+  EXPECT_FALSE(Find::isTextExactExists("Abc"));
+}
+
+/// As a platform throws where it ends a test: no std::exception.
+struct TestInterruption {};
+
+TEST(IsTextExists, WhatAPlatformEndsATestWithPasses) {
+  testing::TestPlatform platform(PAGE);
+  Application::applicationStart("com.example.test");
+  platform.driver().before = [](std::string_view, const std::string&) { throw TestInterruption{}; };
+  EXPECT_THROW(Find::isTextExists("abc"), TestInterruption);
+  EXPECT_THROW(Find::isTextExactExists("Abc"), TestInterruption);
 }
 
 TEST(LabelContains, StaticTextsInTheElementAlone) {

@@ -136,6 +136,21 @@ icu::BreakIterator& characterIterator() {
   return *iterator;
 }
 
+/// Calls `visit` with the position of the end of each user-perceived character.
+template <class Visit>
+void forEachCharacterEnd(std::string_view text, Visit visit) {
+  UErrorCode status = U_ZERO_ERROR;
+  const icu::LocalUTextPointer input(
+      utext_openUTF8(nullptr, text.data(), static_cast<std::int64_t>(text.size()), &status));
+  requireSuccess(status);
+  icu::BreakIterator& iterator = characterIterator();
+  iterator.setText(input.getAlias(), status);
+  requireSuccess(status);
+  for (std::int32_t end = iterator.next(); end != icu::BreakIterator::DONE; end = iterator.next()) {
+    visit(static_cast<std::size_t>(end));
+  }
+}
+
 /// Folds one character that is not ASCII.
 void appendFolded(std::string_view character, FoldedText& result) {
   constexpr std::size_t LONGEST_FOLDING = 3 * U8_MAX_LENGTH;
@@ -228,18 +243,18 @@ std::size_t characterCount(std::string_view text) {
   if (endOfASCII(text, 0) == text.size()) {
     return asciiCharacterCount(text);
   }
-  UErrorCode status = U_ZERO_ERROR;
-  const icu::LocalUTextPointer input(
-      utext_openUTF8(nullptr, text.data(), static_cast<std::int64_t>(text.size()), &status));
-  requireSuccess(status);
-  icu::BreakIterator& iterator = characterIterator();
-  iterator.setText(input.getAlias(), status);
-  requireSuccess(status);
   std::size_t count = 0;
-  while (iterator.next() != icu::BreakIterator::DONE) {
-    ++count;
-  }
+  forEachCharacterEnd(text, [&count](std::size_t) { ++count; });
   return count;
+}
+
+std::vector<std::string_view> characters(std::string_view text) {
+  std::vector<std::string_view> found;
+  forEachCharacterEnd(text, [&found, text, begin = std::size_t{0}](std::size_t end) mutable {
+    found.push_back(text.substr(begin, end - begin));
+    begin = end;
+  });
+  return found;
 }
 
 FoldedText caseFolded(std::string_view text) {

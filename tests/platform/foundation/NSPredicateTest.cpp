@@ -116,6 +116,20 @@ TEST(NSPredicate, PrintsCanonically) {
       {R"(label == "\u0000\u001f\u007F\u0041\u00e4")", R"(label == "\u0000\u001F\u007FAä")"},
       {R"(label == "")", R"(label == "")"},
       {"label == '%@ (a AND b)'", "label == \"%@ (a AND b)\""},
+      {"enabled == 1 AND 0 == selected", "enabled == TRUE AND FALSE == selected"},
+      {"label != 'x'", R"(NOT label == "x")"},
+      {"label !=[c] 'x' AND b == c", R"(NOT label ==[c] "x" AND b == c)"},
+      {"label IN {'a', \"b\", title}", R"(label == "a" OR label == "b" OR label == title)"},
+      {"label in[c] {'a'}", R"(label ==[c] "a")"},
+      {"label IN {}", "FALSEPREDICATE"},
+      {"NOT label IN {'a','b'}", R"(NOT (label == "a" OR label == "b"))"},
+      {"label IN {'a','b'} AND b == c", R"((label == "a" OR label == "b") AND b == c)"},
+      {"'a' IN label", R"(label CONTAINS "a")"},
+      {"label IN[c] 'abc'", R"("abc" CONTAINS[c] label)"},
+      {"label BEGINSWITH 'a.b'", R"(label MATCHES "(?s)a\\.b.*")"},
+      {"label endswith[c] 'a*b'", R"(label MATCHES[c] "(?s).*a\\*b")"},
+      {R"(label LIKE 'a*b?c.\\*')", R"(label MATCHES "(?s)a.*b.c\\.\\*")"},
+      {R"(label LIKE '\\')", R"(label MATCHES "(?s)\\\\")"},
   };
   for (const auto& [format, canonical] : table) {
     const NSPredicate predicate(format);
@@ -158,14 +172,15 @@ TEST(NSPredicate, FaultsNameTheColumnAndWhatWasExpected) {
     std::string format;
     std::string fault;
   };
-  const std::string operators = "expected an operator (==, CONTAINS or MATCHES), found ";
+  const std::string operators =
+      "expected an operator (==, !=, CONTAINS, BEGINSWITH, ENDSWITH, LIKE, MATCHES or IN), found ";
   const std::string operand = "expected a key path, a text, TRUE, FALSE or %@, found ";
   const std::string start = "expected a comparison, NOT or (, found ";
   const std::vector<Case> cases = {
-      {R"(label LIKE "x")", "column 7: " + operators + "\"LIKE\""},
+      {R"(label SOUNDSLIKE "x")", "column 7: " + operators + "\"SOUNDSLIKE\""},
       {"label", "column 6: " + operators + "the end"},
       {"label 'x'", "column 7: " + operators + "'x'"},
-      {"label != 'x'", "column 7: " + operators + "\"!=\""},
+      {"label < 'x'", "column 7: " + operators + "\"<\""},
       {"label AND b == c", "column 7: " + operators + "\"AND\""},
       {"(label) == 'x'", "column 7: " + operators + "\")\""},
       {"", "column 1: " + start + "the end"},
@@ -183,6 +198,15 @@ TEST(NSPredicate, FaultsNameTheColumnAndWhatWasExpected) {
       {"'größe' == 👍", "column 12: " + operand + "\"👍\""},
       {"label ==", "column 9: " + operand + "the end"},
       {"index == 3", "column 10: " + operand + "\"3\""},
+      {"label != ", "column 10: " + operand + "the end"},
+      {"label LIKE title", "column 12: expected a text or %@, found \"title\""},
+      {"label BEGINSWITH TRUE", "column 18: expected a text or %@, found \"TRUE\""},
+      {"label ENDSWITH", "column 15: expected a text or %@, found the end"},
+      {"label IN ,", "column 10: expected {, or a key path, a text, TRUE, FALSE or %@, found \",\""},
+      {"label IN {", "column 11: " + operand + "the end"},
+      {"label IN {'a' 'b'}", "column 15: expected , or }, found 'b'"},
+      {"label IN {'a',}", "column 15: " + operand + "\"}\""},
+      {"like == 'x'", "column 1: " + start + "\"like\""},
       {"label == == 'x'", "column 10: " + operand + "\"==\""},
       {"label == not", "column 10: " + operand + "\"not\""},
       {"label == TRUEPREDICATE", "column 10: " + operand + "\"TRUEPREDICATE\""},

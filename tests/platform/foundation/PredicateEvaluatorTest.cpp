@@ -138,6 +138,44 @@ TEST(PredicateEvaluator, EverySpecialCharacterMakesARegularExpressionOfAPattern)
   }
 }
 
+TEST(PredicateEvaluator, BeginningsEndingsAndWildcards) {
+  const Table table = {
+      {R"(label BEGINSWITH "Item")", true},
+      {R"(label BEGINSWITH "item")", false},
+      {R"(label BEGINSWITH[c] "item")", true},
+      {R"(label BEGINSWITH "tem")", false},
+      {R"(label BEGINSWITH "Item (4.2)\nX")", true},
+      {R"(label BEGINSWITH "Item (4.2)\nXY")", false},
+      {R"(label ENDSWITH ")\nX")", true},
+      {R"(label ENDSWITH "4.2")", false},
+      {R"(label ENDSWITH[c] "x")", true},
+      {R"(label BEGINSWITH "Item .4")", false},
+      {R"(label LIKE "Item*")", true},
+      {R"(label LIKE "Item")", false},
+      {R"(label LIKE[c] "*(?.?)*x")", true},
+      {R"(label LIKE "Item (?)*")", false},
+      {R"(label LIKE "Item (4.2)?X")", true},
+      {R"(umlaut LIKE "a?b")", true},
+      {R"("a*b" LIKE "a\\*b")", true},
+      {R"("axb" LIKE "a\\*b")", false},
+      {R"(value BEGINSWITH "x")", false},
+      {R"(value LIKE "*")", false},
+      {R"("a#b-c&d" LIKE "a#b-c&d")", true},
+  };
+  expectTable(Element{{"label", "Item (4.2)\nX"}, {"umlaut", "aüb"}}, table);
+}
+
+TEST(PredicateEvaluator, InequalityAndMembership) {
+  const Table table = {
+      {R"(label != "x")", true},    {R"(label != "Item")", false}, {R"(label !=[c] "ITEM")", false},
+      {R"(value != "x")", true},    {"value != hint", false},      {R"(label IN {"x", "Item"})", true},
+      {R"(label IN {"x"})", false}, {R"(label IN {})", false},     {R"(label IN[c] {"ITEM"})", true},
+      {R"("te" IN label)", true},   {"enabled == 1", true},        {"enabled != 1", false},
+      {"enabled == 0", false},
+  };
+  expectTable(Element{{"label", "Item"}, {"enabled", true}}, table);
+}
+
 TEST(PredicateEvaluator, Junctions) {
   const Table table = {
       {"a == YES AND b == NO", true},

@@ -189,6 +189,28 @@ TEST(CharacterCount, CountsWhatAReaderTakesForOneCharacter) {
   }
 }
 
+TEST(Characters, ArePartsOfTheTextInTheirOrder) {
+  EXPECT_THAT(characters(""), IsEmpty());
+  EXPECT_THAT(characters("abc"), ElementsAre("a", "b", "c"));
+  EXPECT_THAT(characters(" \t"), ElementsAre(" ", "\t"));
+  EXPECT_THAT(characters("a\0b"sv), ElementsAre("a", "\0"sv, "b"));
+  EXPECT_THAT(characters("\r\n\n"), ElementsAre("\r\n", "\n"));
+  EXPECT_THAT(characters("größe"), ElementsAre("g", "r", "ö", "ß", "e"));
+  EXPECT_THAT(characters("a\u0301\u0323bu\u0308"), ElementsAre("a\u0301\u0323", "b", "u\u0308"));
+  EXPECT_THAT(characters("日👍🏽👨‍👩‍👧‍👦!"),
+              ElementsAre("日", "👍🏽", "👨‍👩‍👧‍👦", "!"));
+  EXPECT_THAT(characters("🇩🇪🇫🇷🇫"), ElementsAre("🇩🇪", "🇫🇷", "🇫"));
+  EXPECT_THAT(characters("\u1100\u1161\u11A8\u1100"), ElementsAre("\u1100\u1161\u11A8", "\u1100"));
+  const std::string_view text = "a👍b";
+  EXPECT_EQ(characters(text)[2].data(), text.data() + text.size() - 1);
+}
+
+TEST(Characters, AreAsManyAsTheirCount) {
+  for (const std::string_view text : {""sv, "abc"sv, "a\r\n\r\nb"sv, "\n\r"sv, "größe"sv, "ab👍🏽cd"sv, "🇩🇪🇫"sv}) {
+    EXPECT_EQ(characters(text).size(), characterCount(text)) << text;
+  }
+}
+
 TEST(CaseFolded, FoldsASCIIAndAllOtherLetters) {
   EXPECT_EQ(caseFolded("").text, "");
   EXPECT_EQ(caseFolded("@AZ[`az{ 09").text, "@az[`az{ 09");

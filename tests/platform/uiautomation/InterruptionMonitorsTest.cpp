@@ -59,6 +59,21 @@ TEST_F(InterruptionMonitorsTest, WithoutAnAlertNoHandlerIsAsked) {
   EXPECT_THAT(asked_, IsEmpty());
 }
 
+TEST_F(InterruptionMonitorsTest, WithoutAHandlerNobodyLooksForAnAlert) {
+  int looks = 0;
+  const auto look = [&]() -> std::optional<XCUIElement> {
+    ++looks;
+    return std::nullopt;
+  };
+  monitors_.dealWith(look);
+  monitors_.remove(add("removed", Answer::dealtWith));
+  monitors_.dealWith(look);
+  EXPECT_EQ(looks, 0);
+  add("handler", Answer::dealtWith);
+  monitors_.dealWith(look);
+  EXPECT_EQ(looks, 1);
+}
+
 TEST_F(InterruptionMonitorsTest, HandlersAreAskedInReverseOrderUntilOneAnswersTrue) {
   add("first", Answer::dealtWith);
   add("second", Answer::dealtWith);

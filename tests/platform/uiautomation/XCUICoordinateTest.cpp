@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <string>
+#include <string_view>
 
 #include "platform/uiautomation/UIAutomationError.h"
 #include "platform/uiautomation/XCUIApplication.h"
@@ -15,6 +17,7 @@ namespace {
 using namespace std::chrono_literals;
 using quobrak::testing::TestPlatform;
 using ::testing::ElementsAre;
+using ::testing::ThrowsMessage;
 
 TEST(XCUICoordinate, IsAPlaceWithinAnElement) {
   const XCUICoordinate point(XCUIApplication("com.example.test"), {-1, 0.25});
@@ -33,7 +36,14 @@ TEST(XCUICoordinate, ActsThroughTheDriver) {
   point.tap();
   point.press(1500ms);
   EXPECT_EQ(platform.elapsed() - launched, 1500ms);
-  EXPECT_THROW(point.pressThenDrag(1s, XCUICoordinate(app, {0, 1})), UIAutomationError);
+  platform.driver().before = [](std::string_view name, const std::string&) {
+    throw UIAutomationError(std::string(name) + " is not possible");
+  };
+  EXPECT_THAT(
+      [&] {
+        point.pressThenDrag(1s, XCUICoordinate(app, {0, 1}));
+      },
+      ThrowsMessage<UIAutomationError>("pressThenDrag is not possible"));
   EXPECT_THAT(platform.driver().operations,
               ElementsAre(R"(tap: the point (0.5, 0.5) of the application "com.example.test")",
                           R"(press: the point (0.5, 0.5) of the application "com.example.test")",

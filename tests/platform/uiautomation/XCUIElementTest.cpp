@@ -20,6 +20,7 @@ using namespace std::chrono_literals;
 using quobrak::testing::TestPlatform;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
+using ::testing::ThrowsMessage;
 
 const XCUIApplication APP("com.example.test");
 
@@ -59,6 +60,23 @@ TEST(XCUIElement, DescendantsOfAPickedElementStartAtIt) {
   EXPECT_EQ(std::get<AtIndex>(*pick).index, 1);
 }
 
+TEST(XCUIElement, DescendantsByTheirKind) {
+  struct Row {
+    XCUIElementQuery query;
+    std::string_view words;
+  };
+  const Row ROWS[] = {
+      {APP.buttons(), R"(the Button descendants of the application "com.example.test")"},
+      {APP.keyboards(), R"(the Keyboard descendants of the application "com.example.test")"},
+      {APP.scrollViews(), R"(the ScrollView descendants of the application "com.example.test")"},
+      {APP.staticTexts(), R"(the StaticText descendants of the application "com.example.test")"},
+      {APP.windows(), R"(the Window descendants of the application "com.example.test")"},
+  };
+  for (const auto& [query, words] : ROWS) {
+    EXPECT_EQ(describe(query), words);
+  }
+}
+
 TEST(XCUIElement, AsksTheDriver) {
   TestPlatform platform(
       R"(<XCUIElementTypeTextField name="field" label="Name" value="Ada" x="10" y="20" width="30" height="40"/>)");
@@ -90,7 +108,10 @@ TEST(XCUIElement, ActsThroughTheDriver) {
   EXPECT_EQ(std::get<std::string>(field.value()), "Ada");
   field.press(2s);
   EXPECT_EQ(platform.elapsed() - launched, 2s);
-  EXPECT_THROW(field.swipe(SwipeDirection::up), UIAutomationError);
+  platform.driver().before = [](std::string_view name, const std::string&) {
+    throw UIAutomationError(std::string(name) + " is not possible");
+  };
+  EXPECT_THAT([&] { field.swipe(SwipeDirection::up); }, ThrowsMessage<UIAutomationError>("swipe is not possible"));
   const std::string target =
       R"(: the element (first) of the TextField descendants of the application "com.example.test")";
   EXPECT_THAT(platform.driver().operations,
