@@ -3,6 +3,8 @@
 #include "drivers/simulator/ElementArt.h"
 
 #include <algorithm>
+#include <iterator>
+#include <string_view>
 
 namespace quobrak::simulator::painting {
 namespace {
@@ -66,13 +68,30 @@ void drawKeyboard(const Canvas& canvas, const Element&, const Rect& frame) {
   canvas.fill(frame, KEYBOARD_FILL);
 }
 
+// What is printed on a key that is named with a word.
+std::string_view printOf(const Element& key) {
+  struct Print {
+    std::string_view label;
+    std::string_view print;
+  };
+  static constexpr Print PRINTS[] = {{"shift", "⇧"},     {"delete", "⌫"},    {"numbers", "123"},
+                                     {"letters", "ABC"}, {"symbols", "#+="}, {"space", " "}};
+  const auto* const found = std::find_if(std::begin(PRINTS), std::end(PRINTS),
+                                         [&key](const Print& print) { return print.label == key.label; });
+  return found == std::end(PRINTS) ? std::string_view(key.label) : found->print;
+}
+
 void drawKey(const Canvas& canvas, const Element& element, const Rect& frame) {
+  constexpr Color OF_COMMANDS{0.68, 0.70, 0.74};
   const bool isCharacter = firstCharacter(element.label) == element.label || element.label == "space";
+  const bool isShiftThatHolds = element.isSelected && element.label == "shift";
+  const bool isWhite = isShiftThatHolds || (isCharacter && !element.isSelected);
+  const std::string_view print = printOf(element);
   const Rect cap = inset(frame, std::min(3.0, frame.size.width / 8), std::min(5.0, frame.size.height / 8));
   canvas.fillRounded({{cap.origin.x, cap.origin.y + 1}, cap.size}, 5, KEY_SHADOW);
-  canvas.fillRounded(cap, 5, element.isSelected || !isCharacter ? Color{0.68, 0.70, 0.74} : WHITE);
-  canvas.text(element.label, inset(cap, 2, 0),
-              {.size = firstCharacter(element.label) == element.label ? 21.0 : 14.0,
+  canvas.fillRounded(cap, 5, isWhite ? WHITE : OF_COMMANDS);
+  canvas.text(print, inset(cap, 2, 0),
+              {.size = firstCharacter(print) == print ? 21.0 : 14.0,
                .smallestSize = 7,
                .color = inkOf(element, BLACK),
                .alignment = Alignment::CENTER});

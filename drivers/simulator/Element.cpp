@@ -40,16 +40,27 @@ std::unique_ptr<Element> Element::copy() const {
   made->isEnabled = isEnabled;
   made->isSelected = isSelected;
   made->hasKeyboardFocus = hasKeyboardFocus;
+  made->isHidden = isHidden;
   made->frame = frame;
+  made->scrolled = scrolled;
+  made->secret = secret;
   for (const auto& child : children_) {
     made->append(child->copy());
   }
   return made;
 }
 
+const Element& rootOf(const Element& element) {
+  const Element* root = &element;
+  while (root->parent() != nullptr) {
+    root = root->parent();
+  }
+  return *root;
+}
+
 bool clipsItsChildren(ElementType type) {
   return type == ElementType::application || type == ElementType::scrollView || type == ElementType::table ||
-         type == ElementType::collectionView || type == ElementType::webView;
+         type == ElementType::collectionView || type == ElementType::webView || type == ElementType::textView;
 }
 
 bool isModal(ElementType type) {

@@ -46,13 +46,22 @@ class Element {
   bool isEnabled = true;
   bool isSelected = false;
   bool hasKeyboardFocus = false;
+  /// Whether the element itself, unlike what is in it, is neither seen nor touched where it lies.
+  bool isHidden = false;
   /// In points of the screen.
   Rect frame;
+  /// How far what is in the element has been scrolled from where its screen had it.
+  Point scrolled;
+  /// What the bullets that a secure field has as its value stand for. Empty before anything is typed into it.
+  std::string secret;
 
  private:
   Element* parent_ = nullptr;
   std::vector<std::unique_ptr<Element>> children_;
 };
+
+/// The element that has no parent, of those around the element and itself.
+const Element& rootOf(const Element& element);
 
 /// Whether nothing of the children of such an element is seen, or can be touched, outside its frame.
 bool clipsItsChildren(ElementType type);

@@ -71,19 +71,19 @@ bool isFilledButton(const Element& element) {
   constexpr double SMALLEST_WIDTH = 140;
   constexpr double GREATEST_HEIGHT = 76;
   const Size& size = element.frame.size;
-  return element.type == ElementType::button && size.height >= SMALLEST_HEIGHT && size.height <= GREATEST_HEIGHT &&
-         size.width >= SMALLEST_WIDTH && cardAround(element) == nullptr && !isInBar(element) &&
-         !isWithin(element, ElementType::cell);
+  return element.type == ElementType::button && !element.isHidden && size.height >= SMALLEST_HEIGHT &&
+         size.height <= GREATEST_HEIGHT && size.width >= SMALLEST_WIDTH && cardAround(element) == nullptr &&
+         !isInBar(element) && !isWithin(element, ElementType::cell);
 }
 
 bool contains(const Element& element, ElementType type) {
   return anyBelow(
-      element, [](const Element& below, ElementType wanted) { return below.type == wanted; }, type);
+      element, [](const Element& below, ElementType wanted) { return below.type == wanted && !below.isHidden; }, type);
 }
 
 bool hasTextBelow(const Element& element) {
   const auto isText = [](const Element& below, ElementType wanted) {
-    return below.type == wanted && !below.label.empty();
+    return below.type == wanted && !below.label.empty() && !below.isHidden;
   };
   return anyBelow(element, isText, ElementType::staticText);
 }

@@ -58,7 +58,7 @@ bool isWithin(const Element& element, ElementType type);
 const Element* cardAround(const Element& element);
 /// Whether the element is a button so big, and so much on its own, that it is drawn as a filled block.
 bool isFilledButton(const Element& element);
-/// Whether some element below is of that type.
+/// Whether some element below, that is not hidden, is of that type.
 bool contains(const Element& element, ElementType type);
 /// Whether the element's words stand in texts below it, so that drawing them again would double them.
 bool hasTextBelow(const Element& element);

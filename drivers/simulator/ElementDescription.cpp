@@ -1,10 +1,11 @@
 #include "drivers/simulator/ElementDescription.h"
 
+#include "platform/uiautomation/QueryChain.h"
+
 #include <algorithm>
 #include <array>
 #include <cstdio>
 #include <unordered_map>
-#include <vector>
 
 namespace quobrak::simulator {
 
@@ -127,51 +128,7 @@ class DescriptionWriter {
   int processIdentifier_;
 };
 
-struct FindText {
-  std::string operator()(const DescendantsStep& step) const {
-    return "Descendants matching type " + std::string(nameOf(step.type));
-  }
-  std::string operator()(const MatchingPredicateStep& step) const {
-    return "Elements matching predicate '" + step.predicate.predicateFormat() + "'";
-  }
-  std::string operator()(const MatchingIdentifierStep& step) const {
-    return "Elements matching identifier '" + step.identifier + "'";
-  }
-  std::string operator()(const ElementPick& pick) const {
-    const auto* const atIndex = std::get_if<AtIndex>(&pick);
-    return "Element at index " + std::to_string(atIndex == nullptr ? 0 : atIndex->index);
-  }
-  std::string operator()(const ApplicationRoot& root) const { return "Application '" + root.bundleIdentifier + "'"; }
-  std::string operator()(const std::shared_ptr<const ElementHandle>& handle) const { return handle->description(); }
-};
-
-/// What one step of a query does, in words.
-std::string find(std::size_t depth, const std::string& step) {
-  return (depth == 0 ? " →" : std::string(2 * depth, ' ') + "↪︎") + "Find: " + step + "\n";
-}
-
-std::vector<std::string> findsOf(const XCUIElement& element) {
-  std::vector<std::string> finds{find(0, std::visit(FindText{}, element.query().root()))};
-  for (const QueryStep& step : element.query().steps()) {
-    finds.push_back(find(finds.size(), std::visit(FindText{}, step)));
-  }
-  if (element.pick()) {
-    finds.push_back(find(finds.size(), FindText{}(*element.pick())));
-  }
-  return finds;
-}
-
-constexpr const char* CHAIN_TITLE = "Query chain:\n";
-
 }  // namespace
-
-std::string queryChain(const XCUIElement& element) {
-  std::string text = CHAIN_TITLE;
-  for (const std::string& step : findsOf(element)) {
-    text += step;
-  }
-  return text;
-}
 
 std::string debugDescription(const XCUIElement& description, std::span<const std::vector<const Element*>> stages,
                              int processIdentifier) {
@@ -180,10 +137,10 @@ std::string debugDescription(const XCUIElement& description, std::span<const std
   const std::string line = writer.line(element);
   constexpr std::size_t FIRST_INDENT = 4;
   std::string text = "Attributes: " + line + "Element subtree:\n →" + line + writer.linesBelow(element, FIRST_INDENT) +
-                     "Path to element:\n" + writer.path(element) + CHAIN_TITLE;
-  const std::vector<std::string> finds = findsOf(description);
-  for (std::size_t depth = 0; depth < finds.size(); ++depth) {
-    text += finds[depth] + writer.output(stages[depth], 2 * depth + 2);
+                     "Path to element:\n" + writer.path(element) + QUERY_CHAIN_TITLE;
+  const std::vector<std::string> steps = queryChainSteps(description);
+  for (std::size_t depth = 0; depth < steps.size(); ++depth) {
+    text += steps[depth] + writer.output(stages[depth], 2 * depth + 2);
   }
   return text + "\n";
 }

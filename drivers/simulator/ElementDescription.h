@@ -16,7 +16,4 @@ namespace quobrak::simulator {
 std::string debugDescription(const XCUIElement& description, std::span<const std::vector<const Element*>> stages,
                              int processIdentifier);
 
-/// What is left of a description where the element is not there.
-std::string queryChain(const XCUIElement& element);
-
 }  // namespace quobrak::simulator

@@ -10,6 +10,9 @@ namespace {
 
 /// Screens are full of containers that fill them and show nothing; touches fall through those that nobody has named.
 bool takesTouches(const Element& element) {
+  if (element.isHidden) {
+    return false;
+  }
   switch (element.type) {
     case ElementType::application:
     case ElementType::window:
@@ -21,14 +24,6 @@ bool takesTouches(const Element& element) {
     default:
       return true;
   }
-}
-
-const Element& rootOf(const Element& element) {
-  const Element* root = &element;
-  while (root->parent() != nullptr) {
-    root = root->parent();
-  }
-  return *root;
 }
 
 /// Keeps the front-most element at the point while it walks a tree. What comes later in the document lies in front.
@@ -43,7 +38,8 @@ struct FrontMost {
     if (&element == from) {
       found = nullptr;
     }
-    const Rect region = isModal(element.type) ? screen : intersection(element.frame, clip);
+    const bool isEverywhere = isModal(element.type) && !isEmpty(element.frame);
+    const Rect region = isEverywhere ? screen : intersection(element.frame, clip);
     if (takesTouches(element) && contains(region, point)) {
       found = &element;
     }
@@ -71,26 +67,32 @@ Element* elementAt(Element& root, Point point) {
   return const_cast<Element*>(elementAt(std::as_const(root), point));
 }
 
-std::optional<Point> hitPoint(const Element& element) {
+Rect visiblePart(const Element& element) {
   Rect visible = element.frame;
   for (const Element* ancestor = element.parent(); ancestor != nullptr; ancestor = ancestor->parent()) {
     if (clipsItsChildren(ancestor->type)) {
       visible = intersection(visible, ancestor->frame);
     }
   }
-  if (isEmpty(visible)) {
-    return std::nullopt;
-  }
-  return centre(visible);
+  return visible;
 }
 
-bool isHittable(const Element& element) {
+std::optional<Point> hitPoint(const Element& element) {
+  const Rect visible = visiblePart(element);
+  return isEmpty(visible) ? std::nullopt : std::optional(centre(visible));
+}
+
+bool isCovered(const Element& element) {
   const std::optional<Point> point = hitPoint(element);
   if (!point) {
     return false;
   }
   const Element* const touched = frontMostAt(rootOf(element), *point, element);
-  return touched == nullptr || isWithin(*touched, element);
+  return touched != nullptr && !isWithin(*touched, element);
+}
+
+bool isHittable(const Element& element) {
+  return !element.isHidden && hitPoint(element) && !isCovered(element);
 }
 
 }  // namespace quobrak::simulator

@@ -12,12 +12,18 @@ namespace quobrak::simulator {
 const Element* elementAt(const Element& root, Point point);
 Element* elementAt(Element& root, Point point);
 
-/// Where a touch on the element is meant to land: the middle of its part that is within the screen and all that clips
-/// it. None where no part is.
+/// The element's part that is within the screen and all that clips it; of no extent where no part is.
+Rect visiblePart(const Element& element);
+
+/// Where a touch on the element is meant to land: the middle of its visible part. None where no part is visible.
 std::optional<Point> hitPoint(const Element& element);
 
-/// Whether the element has a hit point and nothing that lies in front of it, save what is inside it, takes a touch
-/// there.
+/// Whether something that lies in front of the element, save what is inside it, takes a touch at its hit point. False
+/// where it has none.
+bool isCovered(const Element& element);
+
+/// Whether the element is not hidden, has a hit point and nothing that lies in front of it, save what is inside it,
+/// takes a touch there.
 bool isHittable(const Element& element);
 
 }  // namespace quobrak::simulator

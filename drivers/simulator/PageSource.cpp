@@ -7,7 +7,9 @@
 #include <optional>
 #include <pugixml.hpp>
 #include <string>
+#include <vector>
 
+#include "drivers/simulator/HiddenElements.h"
 #include "platform/foundation/Unicode.h"
 
 namespace quobrak::simulator {
@@ -37,7 +39,11 @@ class PageSourceReader {
       fail(0, "the page has no element");
     }
     auto element = elementFrom(root, 1);
-    return element->type == ElementType::application ? std::move(element) : wrapped(std::move(element));
+    if (element->type != ElementType::application) {
+      element = wrapped(std::move(element));
+    }
+    hideInvisible(*element, invisible_);
+    return element;
   }
 
  private:
@@ -52,7 +58,7 @@ class PageSourceReader {
     throw PageSourceError("line " + std::to_string(line) + ", column " + std::to_string(column) + ": " + reason);
   }
 
-  std::unique_ptr<Element> elementFrom(pugi::xml_node node, int depth) const {
+  std::unique_ptr<Element> elementFrom(pugi::xml_node node, int depth) {
     if (depth > DEEPEST) {
       fail(node.offset_debug(), "elements are nested more than " + std::to_string(DEEPEST) + " levels deep");
     }
@@ -61,6 +67,9 @@ class PageSourceReader {
     element->isEnabled = truthValue(node, "enabled", true);
     element->isSelected = truthValue(node, "selected", false);
     readTexts(node, *element);
+    if (!truthValue(node, "visible", true)) {
+      invisible_.push_back(element.get());
+    }
     for (const pugi::xml_node child : node.children()) {
       if (child.type() == pugi::node_element) {
         element->append(elementFrom(child, depth + 1));
@@ -136,6 +145,8 @@ class PageSourceReader {
   std::string_view xml_;
   Size screen_;
   pugi::xml_document document_;
+  /// The elements that are said not to be visible.
+  std::vector<Element*> invisible_;
 };
 
 }  // namespace

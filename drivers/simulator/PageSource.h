@@ -17,7 +17,8 @@ class PageSourceError : public std::runtime_error {
 /// Reads a page source, the XML in which UI-automation servers describe a screen. The root of the tree is an
 /// Application: a page that has none gets one of the screen's size. `name` stands for identifier and label: the
 /// identifier is `name` where it differs from the label; an attribute `identifier` overrides it. An element without
-/// `enabled` is enabled. A number or truth value that is left empty is as good as left out. Throws `PageSourceError`.
+/// `enabled` is enabled. Of what is not `visible`, `hideInvisible` decides what is hidden. A number or truth value that
+/// is left empty is as good as left out. Throws `PageSourceError`.
 std::unique_ptr<Element> readPageSource(std::string_view xml, Size screen);
 
 }  // namespace quobrak::simulator

@@ -1,30 +1,50 @@
 #include "drivers/simulator/Phone.h"
 
 #include <algorithm>
+#include <cmath>
+#include <cstddef>
 #include <functional>
 #include <utility>
 
 #include "drivers/simulator/HitTest.h"
 #include "drivers/simulator/Queries.h"
 #include "drivers/simulator/Rectangles.h"
+#include "drivers/simulator/Scrolling.h"
+#include "drivers/simulator/TextInput.h"
 #include "platform/uiautomation/Waiting.h"
 
 namespace quobrak::simulator {
 
 namespace {
 
-bool takesText(ElementType type) {
-  return type == ElementType::textField || type == ElementType::secureTextField || type == ElementType::searchField ||
-         type == ElementType::textView;
-}
-
 /// Shown, but no control: where such an element is disabled, a touch on it still reaches what it is in.
 bool isMereContent(ElementType type) {
   return type == ElementType::staticText || type == ElementType::image || type == ElementType::other;
 }
 
-void setFocus(Element& application, const Element* focused) {
-  forEachDescendant(application, [focused](Element& element) { element.hasKeyboardFocus = &element == focused; });
+bool isFinite(Point point) {
+  return std::isfinite(point.x) && std::isfinite(point.y);
+}
+
+bool isShownKeyboard(const Element& element) {
+  return element.type == ElementType::keyboard && !element.isHidden && hitPoint(element);
+}
+
+bool showsKeyboard(const Element& screen) {
+  bool isShown = false;
+  forEachDescendant(screen, [&isShown](const Element& element) { isShown = isShown || isShownKeyboard(element); });
+  return isShown;
+}
+
+/// How far down the screen can be seen: to the upper edge of the keyboard where the application shows one.
+double upperEdgeOfKeyboard(const Element& screen, double whereNone) {
+  double edge = whereNone;
+  forEachDescendant(screen, [&edge](const Element& element) {
+    if (isShownKeyboard(element)) {
+      edge = std::min(edge, element.frame.origin.y);
+    }
+  });
+  return edge;
 }
 
 }  // namespace
@@ -42,10 +62,11 @@ void Phone::start(const ApplicationDescription& application) {
   const std::string& bundleIdentifier = application.bundleIdentifier;
   RunningApplication running{.description = &application,
                              .processIdentifier = ++lastProcessIdentifier_,
-                             .screen = application.screens.at(application.firstScreen)->copy()};
+                             .screen = application.screens.at(application.firstScreen)->copy(),
+                             .focused = nullptr,
+                             .keyboard = nullptr};
   running_.insert_or_assign(bundleIdentifier, std::move(running));
-  front_ = bundleIdentifier;
-  ++revision_;
+  setFront(bundleIdentifier);
   for (const Rule& rule : application.rules) {
     if (rule.event == RuleEvent::launch && holds(rule)) {
       apply(rule, bundleIdentifier);
@@ -53,10 +74,9 @@ void Phone::start(const ApplicationDescription& application) {
   }
 }
 
-void Phone::bringToFront(const std::string& bundleIdentifier) {
+void Phone::activate(const std::string& bundleIdentifier) {
   if (running_.contains(bundleIdentifier)) {
-    front_ = bundleIdentifier;
-    ++revision_;
+    setFront(bundleIdentifier);
     return;
   }
   const ApplicationDescription& application = description_.applications.at(bundleIdentifier);
@@ -64,9 +84,19 @@ void Phone::bringToFront(const std::string& bundleIdentifier) {
   start(application);
 }
 
+/// What is not in front has no keyboard.
+void Phone::setFront(const std::string& bundleIdentifier) {
+  const auto before = running_.find(front_);
+  if (before != running_.end() && front_ != bundleIdentifier) {
+    endEditing(before->second);
+  }
+  front_ = bundleIdentifier;
+  ++revision_;
+}
+
 void Phone::launch(const std::string& bundleIdentifier) {
   terminate(bundleIdentifier);
-  bringToFront(bundleIdentifier);
+  activate(bundleIdentifier);
 }
 
 void Phone::terminate(const std::string& bundleIdentifier) {
@@ -74,10 +104,7 @@ void Phone::terminate(const std::string& bundleIdentifier) {
     return;
   }
   dismissAlertsOf(bundleIdentifier);
-  if (front_ == bundleIdentifier) {
-    front_ = description_.home;
-  }
-  ++revision_;
+  setFront(front_ == bundleIdentifier ? description_.home : front_);
 }
 
 const RunningApplication* Phone::running(const std::string& bundleIdentifier) const {
@@ -85,23 +112,71 @@ const RunningApplication* Phone::running(const std::string& bundleIdentifier) co
   return found == running_.end() ? nullptr : &found->second;
 }
 
-void Phone::touch(Point point, Seconds duration) {
+bool Phone::beginTouch(Point point, Seconds duration) {
   sleepFor(clock_, description_.touchDelay);
   sleepFor(clock_, duration);
-  if (!contains({{0, 0}, description_.size}, point)) {
+  return contains({{0, 0}, description_.size}, point);
+}
+
+Element* Phone::takerOf(Point point) {
+  Element* const taker = elementAt(alert() == nullptr ? *front().screen : *home().screen, point);
+  if (taker != nullptr && observer_) {
+    observer_(*taker, point);
+  }
+  return taker;
+}
+
+void Phone::touch(Point point, Seconds duration) {
+  if (!beginTouch(point, duration)) {
+    return;
+  }
+  Element* const touched = takerOf(point);
+  if (touched == nullptr) {
     return;
   }
   if (alert() != nullptr) {
-    touchAlert(point);
+    tapOnAlert(*touched);
   } else {
-    touchFront(point);
+    tapOnApplication(*touched);
   }
 }
 
-void Phone::touchAlert(Point point) {
-  const Element* const touched = elementAt(*home().screen, point);
-  if (touched != nullptr && touched->type == ElementType::button && isWithin(*touched, *alert()->window)) {
-    answerAlert(touched->label);
+void Phone::drag(Point from, Seconds hold, Point to) {
+  if (from == to) {
+    touch(from, hold);
+    return;
+  }
+  if (!beginTouch(from, hold)) {
+    return;
+  }
+  Element* const touched = takerOf(from);
+  const Point end{std::clamp(to.x, 0.0, description_.size.width), std::clamp(to.y, 0.0, description_.size.height)};
+  endScrolling(touched != nullptr && isFinite(to) &&
+               dragContent(*touched, {.dx = end.x - from.x, .dy = end.y - from.y}));
+}
+
+void Phone::swipe(const Element& element, SwipeDirection direction) {
+  const Size& screen = description_.size;
+  const Rect area{{0, 0}, {screen.width, upperEdgeOfKeyboard(*front().screen, screen.height)}};
+  const Rect seen = intersection(visiblePart(element), area);
+  const std::optional<Point> middle = isEmpty(seen) ? hitPoint(element) : centre(seen);
+  if (!middle || !beginTouch(*middle, Seconds::zero())) {
+    return;
+  }
+  Element* const touched = takerOf(*middle);
+  endScrolling(touched != nullptr && swipeContent(*touched, direction, area));
+}
+
+void Phone::endScrolling(bool hasMoved) {
+  sleepFor(clock_, description_.scrollDelay);
+  if (hasMoved) {
+    ++revision_;
+  }
+}
+
+void Phone::tapOnAlert(const Element& touched) {
+  if (touched.type == ElementType::button && isWithin(touched, *alert()->window)) {
+    answerAlert(touched.label);
   }
 }
 
@@ -125,11 +200,11 @@ void Phone::dismissAlertsOf(const std::string& bundleIdentifier) {
   });
 }
 
-void Phone::touchFront(Point point) {
-  RunningApplication& application = running_.at(front_);
-  Element* const touched = elementAt(*application.screen, point);
-  if (touched != nullptr && !behave(*touched)) {
-    applyTapRules(application, *touched);
+void Phone::tapOnApplication(Element& touched) {
+  if (isOnKeyboard(touched)) {
+    tapKey(touched);
+  } else if (touched.type != ElementType::keyboard && !behave(touched)) {
+    applyTapRules(front(), touched);
   }
 }
 
@@ -138,8 +213,7 @@ bool Phone::behave(Element& touched) {
     return false;
   }
   if (takesText(touched.type)) {
-    setFocus(*running_.at(front_).screen, &touched);
-    ++revision_;
+    focus(touched);
   } else if (touched.type == ElementType::switchControl) {
     touched.value = touched.value == "1" ? "0" : "1";
     ++revision_;
@@ -148,15 +222,119 @@ bool Phone::behave(Element& touched) {
     const auto opened = std::find_if(applications.begin(), applications.end(),
                                      [&touched](const auto& entry) { return entry.second.name == touched.label; });
     if (opened != applications.end()) {
-      bringToFront(opened->first);
+      activate(opened->first);
       return true;
     }
   }
   return false;
 }
 
-void Phone::applyTapRules(const RunningApplication& application, const Element& touched) {
+void Phone::focus(Element& field) {
+  RunningApplication& application = front();
+  if (application.focused == &field) {
+    return;
+  }
+  endEditing(application);
+  application.focused = &field;
+  field.hasKeyboardFocus = true;
+  if (!showsKeyboard(*application.screen)) {
+    application.keyboard = &application.screen->append(keyboardWindow(field, description_.size));
+    application.keyboardPlane = KeyboardPlane::letters;
+  }
+  ++revision_;
+}
+
+void Phone::endEditing(RunningApplication& application) {
+  if (application.focused != nullptr) {
+    application.focused->hasKeyboardFocus = false;
+    application.focused = nullptr;
+  }
+  if (application.keyboard != nullptr) {
+    application.screen->remove(*application.keyboard);
+    application.keyboard = nullptr;
+  }
+}
+
+void Phone::tapKey(const Element& key) {
+  RunningApplication& application = front();
+  if (!key.isEnabled) {
+    return;
+  }
+  // The key may be gone once it has had its effect.
+  const Rule* const rule = tapRule(application, key);
+  const std::optional<std::string> typed = typedBy(key);
+  if (typed == "\n" && application.focused != nullptr) {
+    typeReturn(application);
+    return;
+  }
+  if (typed && application.focused != nullptr) {
+    typeText(application, *typed);
+  }
+  const KeyboardPlane plane = planeAfter(key, application.keyboardPlane);
+  if (application.keyboard != nullptr && plane != application.keyboardPlane) {
+    application.keyboardPlane = plane;
+    showPlane(*application.keyboard, plane);
+    ++revision_;
+  }
+  if (rule != nullptr) {
+    apply(*rule, application.description->bundleIdentifier);
+  }
+}
+
+bool Phone::type(const Element& within, std::string_view text) {
+  RunningApplication& application = front();
+  if (application.focused == nullptr || !isWithin(*application.focused, within)) {
+    return false;
+  }
+  typeText(application, text);
+  return true;
+}
+
+void Phone::typeText(RunningApplication& application, std::string_view text) {
+  constexpr std::string_view CONTROLS = "\b\x7F\r\n";
+  constexpr std::string_view CRLF = "\r\n";
+  while (!text.empty() && application.focused != nullptr) {
+    const std::size_t length = std::min(text.find_first_of(CONTROLS), text.size());
+    if (length > 0) {
+      insertText(*application.focused, text.substr(0, length));
+      text.remove_prefix(length);
+    } else if (text.front() == '\b' || text.front() == '\x7F') {
+      deleteLastCharacter(*application.focused);
+      text.remove_prefix(1);
+    } else {
+      text.remove_prefix(text.starts_with(CRLF) ? CRLF.size() : 1);
+      typeReturn(application);
+    }
+    ++revision_;
+  }
+}
+
+/// What an application does on a tap of the return key, it does however the key is pressed.
+void Phone::typeReturn(RunningApplication& application) {
+  const Element* const key = returnKeyIn(application.keyboard == nullptr ? *application.screen : *application.keyboard);
+  const Rule* const rule = key == nullptr || !key->isEnabled ? nullptr : tapRule(application, *key);
+  if (holdsLines(application.focused->type)) {
+    insertText(*application.focused, "\n");
+  } else {
+    endEditing(application);
+  }
+  ++revision_;
+  if (rule != nullptr) {
+    apply(*rule, application.description->bundleIdentifier);
+  }
+}
+
+const Rule* Phone::tapRule(const RunningApplication& application, const Element& element) const {
   static const std::function<bool(const Element&)> hittable = isHittable;
+  const ElementAttributes attributes(&element, hittable);
+  const std::vector<Rule>& rules = application.description->rules;
+  const auto found = std::find_if(rules.begin(), rules.end(), [&](const Rule& rule) {
+    return rule.event == RuleEvent::tap && rule.element->evaluate(attributes) && holds(rule);
+  });
+  return found == rules.end() ? nullptr : &*found;
+}
+
+void Phone::applyTapRules(const RunningApplication& application, const Element& touched) {
   for (const Element* element = &touched; element != nullptr; element = element->parent()) {
     if (!element->isEnabled) {
       if (isMereContent(element->type)) {
@@ -164,12 +342,9 @@ void Phone::applyTapRules(const RunningApplication& application, const Element& 
       }
       return;
     }
-    const ElementAttributes attributes(element, hittable);
-    for (const Rule& rule : application.description->rules) {
-      if (rule.event == RuleEvent::tap && rule.element->evaluate(attributes) && holds(rule)) {
-        apply(rule, application.description->bundleIdentifier);
-        return;
-      }
+    if (const Rule* const rule = tapRule(application, *element)) {
+      apply(*rule, application.description->bundleIdentifier);
+      return;
     }
   }
 }
@@ -190,6 +365,7 @@ void Phone::apply(const Rule& rule, const std::string& bundleIdentifier) {
 
 void Phone::carryOut(const ShowScreen& effect, const std::string& bundleIdentifier) {
   RunningApplication& application = running_.at(bundleIdentifier);
+  endEditing(application);
   std::unique_ptr<Element> screen = application.description->screens.at(effect.screen)->copy();
   if (bundleIdentifier == description_.home) {
     // The alerts stay up, whatever the home screen shows behind them.
@@ -210,28 +386,12 @@ void Phone::carryOut(const RaiseAlert& effect, const std::string& bundleIdentifi
 }
 
 void Phone::carryOut(const OpenApplication& effect, const std::string&) {
-  bringToFront(effect.bundleIdentifier);
-}
-
-bool Phone::type(const Element& within, std::string_view text) {
-  Element* focused = nullptr;
-  forEachDescendant(*running_.at(front_).screen, [&](Element& element) {
-    if (element.hasKeyboardFocus && isWithin(element, within)) {
-      focused = &element;
-    }
-  });
-  if (focused == nullptr) {
-    return false;
-  }
-  focused->value = focused->value.value_or("").append(text);
-  ++revision_;
-  return true;
+  activate(effect.bundleIdentifier);
 }
 
 void Phone::pressHome() {
   sleepFor(clock_, description_.buttonDelay);
-  front_ = description_.home;
-  ++revision_;
+  setFront(description_.home);
 }
 
 void Phone::changeVolume(int steps) {

@@ -1,15 +1,19 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
+#include "drivers/simulator/Keyboard.h"
 #include "drivers/simulator/PhoneDescription.h"
 #include "platform/foundation/Clock.h"
+#include "platform/uiautomation/XCUIElement.h"
 
 namespace quobrak::simulator {
 
@@ -19,6 +23,12 @@ struct RunningApplication {
   int processIdentifier;
   /// The screen that it shows: an Application and all below it.
   std::unique_ptr<Element> screen;
+  /// The element of the screen that has the keyboard's focus; null for none.
+  Element* focused = nullptr;
+  /// The window of the phone's own keyboard, at the end of the screen's tree; null where it is not up. A captured
+  /// screen that shows a keyboard gets no second one.
+  Element* keyboard = nullptr;
+  KeyboardPlane keyboardPlane = KeyboardPlane::letters;
 };
 
 /// An alert of the system process that is up.
@@ -45,6 +55,8 @@ class Phone {
   bool isInstalled(const std::string& bundleIdentifier) const;
   /// The application must be installed. The home application does not restart, it comes to the front.
   void launch(const std::string& bundleIdentifier);
+  /// Brings the application to the front as it is; one that does not run is started. It must be installed.
+  void activate(const std::string& bundleIdentifier);
   /// Does nothing where the application does not run. The home application cannot be ended.
   void terminate(const std::string& bundleIdentifier);
 
@@ -58,8 +70,29 @@ class Phone {
   /// Touches what is at the point for the duration; nothing where the point is outside the screen or not finite.
   void touch(Point point, Seconds duration);
 
-  /// Types at the end of the text of the element that has the keyboard's focus. Does nothing and answers false where
-  /// neither `within` nor anything in it has the focus.
+  /// Touches `from` for the duration, moves to `to` and lifts: what scrolls under the first point follows the finger,
+  /// which the edge of the screen stops. Where the finger does not move, it is a touch. Nothing where `from` is outside
+  /// the screen or not finite; where `to` is not finite, nothing moves.
+  void drag(Point from, Seconds hold, Point to);
+
+  /// A finger goes over the element in that direction, through the middle of what is seen of it above the keyboard:
+  /// what scrolls there moves by `SWIPED_SHARE` of what is seen of it. Nothing where no part of the element is on the
+  /// screen.
+  void swipe(const Element& element, SwipeDirection direction);
+
+  /// Who is told of each touch of `touch`, `drag` and `swipe`, before it has its effect: with the element that takes
+  /// it, which may be a key, or an alert or its button, and where. Not of touches that fall through. One observer at a
+  /// time; it must not use the phone.
+  void observeTouches(std::function<void(const Element& touched, Point point)> observer) {
+    observer_ = std::move(observer);
+  }
+
+  /// The element of the application in front that has the keyboard's focus; null for none.
+  const Element* focusedElement() const { return running_.at(front_).focused; }
+
+  /// Types at the end of the text of the element that has the keyboard's focus: U+0008 and U+007F delete a character, a
+  /// line feed or a carriage return is the return key. What is typed after the focus has ended is lost. Does nothing
+  /// and answers false where neither `within` nor anything in it has the focus.
   bool type(const Element& within, std::string_view text);
 
   void pressHome();
@@ -76,13 +109,30 @@ class Phone {
  private:
   /// Shows its first screen and carries out its launch rules.
   void start(const ApplicationDescription& application);
-  void bringToFront(const std::string& bundleIdentifier);
-  void touchAlert(Point point);
+  void setFront(const std::string& bundleIdentifier);
+
+  /// Waits for as long as the touch takes; false where it lands outside the screen.
+  bool beginTouch(Point point, Seconds duration);
+  /// The element that takes a touch at the point, which the observer is told of: one of the alert, in which nothing
+  /// scrolls, where one is up. Null where the touch falls through.
+  Element* takerOf(Point point);
+  void endScrolling(bool hasMoved);
+
   void answerAlert(const std::string& buttonLabel);
   void dismissAlertsOf(const std::string& bundleIdentifier);
-  void touchFront(Point point);
-  /// What the phone itself does with a touch; false where it does nothing.
+  void tapOnAlert(const Element& touched);
+  void tapOnApplication(Element& touched);
+  /// What the phone itself does with a tap; true where the application's rules have no say in it any more.
   bool behave(Element& touched);
+
+  void focus(Element& field);
+  static void endEditing(RunningApplication& application);
+  void tapKey(const Element& key);
+  void typeText(RunningApplication& application, std::string_view text);
+  void typeReturn(RunningApplication& application);
+
+  /// The first rule about a tap on the very element that holds; null where none does.
+  const Rule* tapRule(const RunningApplication& application, const Element& element) const;
   void applyTapRules(const RunningApplication& application, const Element& touched);
   bool holds(const Rule& rule) const;
   void apply(const Rule& rule, const std::string& bundleIdentifier);
@@ -92,9 +142,11 @@ class Phone {
   void carryOut(const RaiseAlert& effect, const std::string& bundleIdentifier);
   void carryOut(const OpenApplication& effect, const std::string& bundleIdentifier);
   RunningApplication& home() { return running_.at(description_.home); }
+  RunningApplication& front() { return running_.at(front_); }
 
   PhoneDescription description_;
   Clock& clock_;
+  std::function<void(const Element& touched, Point point)> observer_;
   std::map<std::string, RunningApplication> running_;
   std::string front_;
   std::vector<SystemAlert> alerts_;

@@ -68,9 +68,11 @@ struct PhoneDescription {
   std::string systemVersion;
   /// Percent.
   int volume{};
-  /// How long a touch, and a press of a button, takes.
+  /// How long a touch, a press of a button, and a finger's way over the screen until what it moved has come to rest
+  /// takes.
   std::chrono::milliseconds touchDelay{};
   std::chrono::milliseconds buttonDelay{};
+  std::chrono::milliseconds scrollDelay{};
   /// The application that shows the home screen.
   std::string home;
   std::map<std::string, ApplicationDescription> applications;

@@ -301,10 +301,11 @@ PhoneDescription readPhone(const PhoneFiles& files, const JSONReader& json) {
   phone.systemVersion = nonEmptyText(json.member("systemVersion"));
   phone.volume = static_cast<int>(integerBetween(json.member("volume"), 0, FULL));
   if (const auto delays = json.optionalMember("delays")) {
-    requireKnownKeys(*delays, {"touch", "button"});
+    requireKnownKeys(*delays, {"touch", "button", "scroll"});
   }
   phone.touchDelay = delay(json, "touch");
   phone.buttonDelay = delay(json, "button");
+  phone.scrollDelay = delay(json, "scroll");
   readApplications(files, json.member("applications"), phone);
   const JSONReader home = json.member("home");
   phone.home = home.text();

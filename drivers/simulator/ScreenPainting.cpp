@@ -29,7 +29,7 @@ class LayerPainter {
   void paint(const Element& element) const {
     const bool canBeSeen = isOnScreen(element.frame);
     const Rect frame = canBeSeen ? cutToReach(element.frame) : Rect{};
-    if (canBeSeen) {
+    if (canBeSeen && !element.isHidden) {
       paintAlone(element, frame);
     }
     std::optional<Canvas::Clip> clip;

@@ -6,6 +6,7 @@
 #include "drivers/simulator/HitTest.h"
 #include "drivers/simulator/Rectangles.h"
 #include "platform/foundation/NSRegularExpression.h"
+#include "platform/uiautomation/QueryChain.h"
 #include "platform/uiautomation/UIAutomationError.h"
 #include "platform/uiautomation/Waiting.h"
 
@@ -195,13 +196,19 @@ void SimulatedDriver::touch(const Operation& operation, const XCUIElement& eleme
 void SimulatedDriver::typeText(const XCUIElement& element, std::string_view text) {
   dealWithAlerts();
   const Operation operation("typeText", element);
-  if (!phone_.type(required(operation, element), text)) {
+  if (!operation.guarded([&] { return phone_.type(required(operation, element), text); })) {
     operation.fail("neither it nor anything in it has the keyboard's focus");
   }
 }
 
-void SimulatedDriver::swipe(const XCUIElement& element, SwipeDirection) {
-  Operation("swipe", element).fail("this phone does not scroll yet");
+void SimulatedDriver::swipe(const XCUIElement& element, SwipeDirection direction) {
+  dealWithAlerts();
+  const Operation operation("swipe", element);
+  const Element& swiped = required(operation, element);
+  if (!hitPoint(swiped)) {
+    operation.fail("no part of it is on the screen");
+  }
+  phone_.swipe(swiped, direction);
 }
 
 void SimulatedDriver::tap(const XCUICoordinate& point) {
@@ -214,12 +221,20 @@ void SimulatedDriver::press(const XCUICoordinate& point, Seconds duration) {
 
 void SimulatedDriver::touch(const Operation& operation, const XCUICoordinate& point, Seconds duration) {
   dealWithAlerts();
-  const Rect& frame = required(operation, point.referencedElement()).frame;
-  operation.guarded([&] { phone_.touch(pointAt(frame, point.normalizedOffset()), duration); });
+  const Point onScreen = screenPoint(operation, point);
+  operation.guarded([&] { phone_.touch(onScreen, duration); });
 }
 
-void SimulatedDriver::pressThenDrag(const XCUICoordinate& from, Seconds, const XCUICoordinate&) {
-  Operation("pressThenDrag", from).fail("this phone does not scroll yet");
+Point SimulatedDriver::screenPoint(const Operation& operation, const XCUICoordinate& point) const {
+  return pointAt(required(operation, point.referencedElement()).frame, point.normalizedOffset());
+}
+
+void SimulatedDriver::pressThenDrag(const XCUICoordinate& from, Seconds duration, const XCUICoordinate& to) {
+  dealWithAlerts();
+  const Operation operation("pressThenDrag", from);
+  const Point start = screenPoint(operation, from);
+  const Point end = screenPoint({"pressThenDrag", to}, to);
+  operation.guarded([&] { phone_.drag(start, duration, end); });
 }
 
 void SimulatedDriver::pressButton(XCUIDeviceButton button) {

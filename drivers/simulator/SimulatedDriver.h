@@ -20,13 +20,14 @@ namespace quobrak::simulator {
 ///
 /// The home application always runs: it cannot be ended, and a launch brings it to the front as it is.
 ///
-/// The phone does not scroll yet: `swipe` and `pressThenDrag` raise `UIAutomationError`.
+/// Acting on an element of which no part is on the screen raises `UIAutomationError`.
 class SimulatedDriver final : public UIDriver {
  public:
   /// `clock` must outlive the driver.
   SimulatedDriver(PhoneDescription phone, Clock& clock);
 
   const Phone& phone() const { return phone_; }
+  Phone& phone() { return phone_; }
 
   void launch(const std::string& bundleIdentifier) override;
   void terminate(const std::string& bundleIdentifier) override;
@@ -69,6 +70,7 @@ class SimulatedDriver final : public UIDriver {
   bool isHittableNow(const Element& element) const;
   void touch(const Operation& operation, const XCUIElement& element, Seconds duration);
   void touch(const Operation& operation, const XCUICoordinate& point, Seconds duration);
+  Point screenPoint(const Operation& operation, const XCUICoordinate& point) const;
   void dealWithAlerts();
   std::optional<XCUIElement> blockingAlert();
 

@@ -143,29 +143,5 @@ TEST(ElementDescription, TheFirstWindowIsTheMainOneWhateverComesBeforeIt) {
             "    Window, 0x100000100, {{0.0, 0.0}, {0.0, 0.0}}\n");
 }
 
-TEST(QueryChain, EachStepStandsFurtherIn) {
-  const XCUIElement element = APP.windows()
-                                  .elementBoundBy(2)
-                                  .descendants(ElementType::any)
-                                  .matching(NSPredicate("label == \"it's\""))
-                                  .matchingIdentifier("ok")
-                                  .element();
-  EXPECT_EQ(queryChain(element), R"(Query chain:
- →Find: Application 'com.example.test'
-  ↪︎Find: Descendants matching type Window
-    ↪︎Find: Element at index 2
-      ↪︎Find: Descendants matching type Any
-        ↪︎Find: Elements matching predicate 'label == "it's"'
-          ↪︎Find: Elements matching identifier 'ok'
-            ↪︎Find: Element at index 0
-)");
-}
-
-TEST(QueryChain, OfRoots) {
-  EXPECT_EQ(queryChain(APP), "Query chain:\n →Find: Application 'com.example.test'\n");
-  EXPECT_EQ(queryChain(XCUIElement{QueryRoot(std::make_shared<const NoteHandle>())}),
-            "Query chain:\n →Find: the note\n");
-}
-
 }  // namespace
 }  // namespace quobrak::simulator

@@ -56,6 +56,9 @@ TEST(Element, ACopyHasEveryAttributeAndAllBelowIt) {
   original.isEnabled = false;
   original.isSelected = true;
   original.hasKeyboardFocus = true;
+  original.isHidden = true;
+  original.scrolled = {5, 6};
+  original.secret = "secret";
   original.frame = {{1, 2}, {3, 4}};
   add(add(original, "child"), "grandchild");
 
@@ -68,7 +71,10 @@ TEST(Element, ACopyHasEveryAttributeAndAllBelowIt) {
   EXPECT_FALSE(copy->isEnabled);
   EXPECT_TRUE(copy->isSelected);
   EXPECT_TRUE(copy->hasKeyboardFocus);
+  EXPECT_TRUE(copy->isHidden);
   EXPECT_EQ(copy->frame, (Rect{{1, 2}, {3, 4}}));
+  EXPECT_EQ(copy->scrolled, (Point{5, 6}));
+  EXPECT_EQ(copy->secret, "secret");
   EXPECT_EQ(copy->parent(), nullptr);
   EXPECT_THAT(labelsBelow(*copy), ElementsAre("child", "grandchild"));
 }
@@ -91,6 +97,12 @@ TEST(Element, LiesWithinItselfAndItsAncestors) {
   EXPECT_TRUE(isWithin(grandchild, root));
   EXPECT_FALSE(isWithin(child, grandchild));
   EXPECT_FALSE(isWithin(grandchild, sibling));
+}
+
+TEST(Element, TheRootHasNoParent) {
+  Element root(ElementType::window);
+  EXPECT_EQ(&rootOf(add(add(root, "child"), "grandchild")), &root);
+  EXPECT_EQ(&rootOf(root), &root);
 }
 
 TEST(Element, DescendantsAreVisitedInDocumentOrderWithoutTheRoot) {

@@ -151,7 +151,30 @@ TEST(HitTest, WhoTakesTheTouch) {
        R"(<Button name="a" x="-50" y="-50" width="300" height="300"/>)",
        {-1, 50},
        "nothing"},
-      {"a point outside the screen, with an alert", R"(<Alert name="a"/>)", {50, 200}, "nothing"},
+      {"a point outside the screen, with an alert",
+       R"(<Alert name="a" x="0" y="0" width="50" height="50"/>)",
+       {50, 200},
+       "nothing"},
+      {"an alert without extent, as captures show the one behind another",
+       R"(<Button name="a" x="0" y="0" width="50" height="50"/><Alert name="b" visible="false"/>)",
+       {25, 25},
+       "a"},
+      {"a hidden element",
+       R"(<Button name="a" x="0" y="0" width="50" height="50"/>)"
+       R"(<Button name="b" visible="false" x="0" y="0" width="50" height="50"/>)",
+       {25, 25},
+       "a"},
+      {"a hidden alert",
+       R"(<Button name="a" x="0" y="0" width="50" height="50"/>)"
+       R"(<Alert name="b" visible="false" x="60" y="60" width="20" height="20"/>)",
+       {25, 25},
+       "a"},
+      {"a sheet behind a keyboard",
+       R"(<Sheet name="a" x="0" y="50" width="100" height="150"/>)"
+       R"(<Window x="0" y="0" width="100" height="200"><Keyboard name="b" x="0" y="120" width="100" height="80"/>)"
+       "</Window>",
+       {50, 100},
+       "a"},
   };
   for (const auto& [what, elements, point, taker] : ROWS) {
     EXPECT_EQ(nameAt(*screenOf(elements), point), taker) << what;
@@ -237,10 +260,23 @@ TEST(HitTest, WhatIsHittable) {
       {"in the alert",
        R"(<Alert x="0" y="0" width="50" height="50"><Button name="a" x="0" y="0" width="50" height="50"/></Alert>)",
        true},
+      {"a hidden element", R"(<Button name="a" visible="false" x="0" y="0" width="50" height="50"/>)", false},
+      {"behind a hidden element",
+       R"(<Button name="a" x="0" y="0" width="50" height="50"/>)"
+       R"(<Button visible="false" x="0" y="0" width="50" height="50"/>)",
+       true},
+      {"behind a keyboard",
+       R"(<Button name="a" x="0" y="150" width="50" height="50"/>)"
+       R"(<Window x="0" y="0" width="100" height="200"><Keyboard x="0" y="120" width="100" height="80"/></Window>)",
+       false},
+      {"on a keyboard, in front of an alert",
+       R"(<Alert x="0" y="0" width="50" height="50"/><Keyboard x="0" y="120" width="100" height="80">)"
+       R"(<Key name="a" x="0" y="120" width="10" height="20"/></Keyboard>)",
+       true},
       {"the alert itself", R"(<Alert name="a" x="0" y="0" width="50" height="50"/>)", true},
       {"in the alert behind another",
        R"(<Alert x="0" y="0" width="50" height="50">)"
-       R"(<Button name="a" x="0" y="0" width="50" height="50"/></Alert><Alert/>)",
+       R"(<Button name="a" x="0" y="0" width="50" height="50"/></Alert><Alert x="0" y="60" width="50" height="50"/>)",
        false},
       {"an unlabelled container with nothing in it", R"(<Other name="a" x="0" y="0" width="50" height="50"/>)", true},
       {"an unlabelled container in front of a button",

@@ -117,11 +117,25 @@ TEST(PageSource, WhatIsMissing) {
 }
 
 TEST(PageSource, WhatIsLeftEmptyIsAsGoodAsMissing) {
-  const std::unique_ptr<Element> page = pageOf(R"(<Button enabled="" selected="" x="" y="" width="" height=""/>)");
+  const std::unique_ptr<Element> page =
+      pageOf(R"(<Button enabled="" selected="" visible="" x="" y="" width="" height=""/>)");
   const Element& element = *page->children().front();
+  EXPECT_FALSE(element.isHidden);
   EXPECT_TRUE(element.isEnabled);
   EXPECT_FALSE(element.isSelected);
   EXPECT_EQ(element.frame, Rect());
+}
+
+TEST(PageSource, WhatIsInvisibleWhereItLiesIsHidden) {
+  const std::unique_ptr<Element> page = readPageSource(R"(<Application x="0" y="0" width="390" height="844">
+  <Button visible="false" x="0" y="0" width="50" height="50"/>
+  <Button visible="true" x="50" y="0" width="50" height="50"/>
+  <Button visible="false" x="0" y="900" width="50" height="50"/>
+</Application>)",
+                                                       SCREEN);
+  EXPECT_TRUE(page->children()[0]->isHidden);
+  EXPECT_FALSE(page->children()[1]->isHidden);
+  EXPECT_FALSE(page->children()[2]->isHidden);
 }
 
 TEST(PageSource, IdentifierAndLabel) {
@@ -220,6 +234,7 @@ TEST(PageSource, Faults) {
       {R"(<Button height="nan"/>)", R"(line 1, column 2: height is "nan", but must be a number of points)"},
       {R"(<Button height="1e999"/>)", R"(line 1, column 2: height is "1e999", but must be a number of points)"},
       {R"(<Button enabled="1"/>)", R"(line 1, column 2: enabled is "1", but must be true or false)"},
+      {R"(<Button visible="0"/>)", R"(line 1, column 2: visible is "0", but must be true or false)"},
       {R"(<Button selected="yes"/>)", R"(line 1, column 2: selected is "yes", but must be true or false)"},
       {R"(<Application label="Äpfel 🙂"><Button enabled="no"/></Application>)",
        R"(line 1, column 31: enabled is "no", but must be true or false)"},

@@ -49,6 +49,7 @@ TEST(PhoneLoader, ThePhone) {
   EXPECT_EQ(phone.volume, 0);
   EXPECT_EQ(phone.touchDelay, 0ms);
   EXPECT_EQ(phone.buttonDelay, 0ms);
+  EXPECT_EQ(phone.scrollDelay, 0ms);
   EXPECT_EQ(phone.home, "com.apple.springboard");
   EXPECT_EQ(phone.applications.size(), 2);
 }
@@ -61,6 +62,7 @@ TEST(PhoneLoader, Delays) {
   EXPECT_EQ(loaded(R"({"touch": 80, "button": 3600000})").buttonDelay, 1h);
   EXPECT_EQ(loaded(R"({"button": 200})").touchDelay, 0ms);
   EXPECT_EQ(loaded("{}").buttonDelay, 0ms);
+  EXPECT_EQ(loaded(R"({"scroll": 400})").scrollDelay, 400ms);
 }
 
 TEST(PhoneLoader, AnApplication) {
@@ -163,7 +165,7 @@ TEST(PhoneLoader, FaultsOfThePhone) {
       {"\"volume\": 50", "\"volume\": 101", "phone.json: volume: must be between 0 and 100, found 101"},
       {"\"volume\": 50", "\"volume\": -1", "phone.json: volume: must be between 0 and 100, found -1"},
       {"\"volume\": 50", "\"volume\": 50, \"delays\": {\"tap\": 1}",
-       R"(phone.json: delays.tap: unknown; what may stand here is "touch", "button")"},
+       R"(phone.json: delays.tap: unknown; what may stand here is "touch", "button", "scroll")"},
       {"\"volume\": 50", "\"volume\": 50, \"delays\": {\"touch\": -1}",
        "phone.json: delays.touch: must be between 0 and 3600000, found -1"},
       {"\"volume\": 50", "\"volume\": 50, \"delays\": 80", "phone.json: delays: expected an object, found a number"},

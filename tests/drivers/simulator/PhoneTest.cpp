@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <cmath>
+#include <cstdint>
 #include <limits>
 #include <memory>
 #include <string>
@@ -28,6 +30,16 @@ using ::testing::SizeIs;
 constexpr const char* HOME = "com.apple.springboard";
 constexpr const char* TEST_APP = "com.example.test";
 constexpr Point MIDDLE{50, 100};
+/// On the small phone an alert with a single button has that button at the points from 127 to 171 down.
+constexpr Point ALERT_BUTTON{50, 150};
+// Keys on the small phone, where letters are 10 points wide and their rows 15 points high, from 120 points down.
+constexpr Point Q_KEY{5, 127};
+constexpr Point A_KEY{10, 142};
+constexpr Point SHIFT{7, 157};
+constexpr Point DELETE{92, 157};
+constexpr Point MORE{12, 173};
+constexpr Point SPACE{50, 173};
+constexpr Point RETURN{88, 173};
 
 /// A page that one button fills.
 std::string button(const std::string& attributes) {
@@ -97,6 +109,23 @@ class PhoneTest : public ::testing::Test {
     return found == nullptr ? screenOf(TEST_APP) : *found;
   }
 
+  /// The last keyboard of the application; null for none.
+  const Element* keyboard() {
+    const Element* found = nullptr;
+    forEachDescendant(screenOf(TEST_APP), [&found](const Element& element) {
+      if (element.type == ElementType::keyboard) {
+        found = &element;
+      }
+    });
+    return found;
+  }
+
+  int countOf(ElementType type) {
+    int count = 0;
+    forEachDescendant(screenOf(TEST_APP), [&](const Element& element) { count += element.type == type ? 1 : 0; });
+    return count;
+  }
+
   std::chrono::nanoseconds elapsed() const { return clock_.now() - started_; }
 
   VirtualClock clock_{1700000000000ms};
@@ -152,6 +181,17 @@ TEST_F(PhoneTest, LaunchingTheHomeApplicationBringsItToTheFrontAsItIs) {
   EXPECT_EQ(phone_->running(HOME)->processIdentifier, process);
   EXPECT_NE(phone_->running(TEST_APP), nullptr);
   EXPECT_EQ(elapsed(), 0s);
+}
+
+TEST_F(PhoneTest, ActivatingBringsToTheFrontWhatRunsAndStartsWhatDoesNot) {
+  switchOn(smallPhone(""));
+  phone_->activate(TEST_APP);
+  EXPECT_TRUE(phone_->isInFront(TEST_APP));
+  const int process = phone_->running(TEST_APP)->processIdentifier;
+  phone_->pressHome();
+  phone_->activate(TEST_APP);
+  EXPECT_TRUE(phone_->isInFront(TEST_APP));
+  EXPECT_EQ(phone_->running(TEST_APP)->processIdentifier, process);
 }
 
 TEST_F(PhoneTest, TerminatingWhatIsInFrontShowsTheHomeScreen) {
@@ -301,9 +341,13 @@ TEST_F(PhoneTest, ATouchedFieldTakesTheFocusFromTheOthers) {
   const Row ROWS[] = {{{25, 25}, "field"}, {{75, 25}, "secure"}, {{25, 75}, "search"}, {{75, 75}, "view"}};
   for (const auto& [point, focused] : ROWS) {
     tap(point);
-    for (const std::string_view label : {"field", "secure", "search", "view"}) {
-      EXPECT_EQ(elementLabelled(label).hasKeyboardFocus, label == focused) << label;
-    }
+    ASSERT_NE(phone_->focusedElement(), nullptr);
+    EXPECT_EQ(phone_->focusedElement()->label, focused);
+    int count = 0;
+    forEachDescendant(screenOf(TEST_APP),
+                      [&count](const Element& element) { count += element.hasKeyboardFocus ? 1 : 0; });
+    EXPECT_EQ(count, 1);
+    EXPECT_TRUE(phone_->focusedElement()->hasKeyboardFocus);
   }
 }
 
@@ -311,7 +355,7 @@ TEST_F(PhoneTest, TextIsTypedAtTheEnd) {
   start(smallPhone(FIELDS));
   tap({75, 25});
   EXPECT_TRUE(phone_->type(elementLabelled("secure"), "er"));
-  EXPECT_EQ(elementLabelled("secure").value, "older");
+  EXPECT_EQ(elementLabelled("secure").value, "•••••");
   tap({25, 25});
   EXPECT_TRUE(phone_->type(screenOf(TEST_APP), "Äh"));
   EXPECT_TRUE(phone_->type(screenOf(TEST_APP), ""));
@@ -329,6 +373,307 @@ TEST_F(PhoneTest, NothingIsTypedWithoutTheFocus) {
   EXPECT_FALSE(phone_->type(elementLabelled("field"), "a"));
   EXPECT_EQ(elementLabelled("field").value, std::nullopt);
   EXPECT_EQ(phone_->revision(), revision + 1) << "of the press alone";
+}
+
+TEST_F(PhoneTest, AFocusedFieldBringsTheKeyboard) {
+  start(smallPhone(FIELDS));
+  EXPECT_EQ(keyboard(), nullptr);
+  const auto revision = phone_->revision();
+  tap({25, 25});
+  ASSERT_NE(keyboard(), nullptr);
+  EXPECT_NE(phone_->revision(), revision);
+  EXPECT_EQ(keyboard()->parent(), screenOf(TEST_APP).children().back().get()) << "in a window in front of the others";
+  const std::uint64_t number = keyboard()->number;
+  tap({25, 25});
+  EXPECT_EQ(keyboard()->number, number) << "the field had the focus";
+  tap({25, 75});
+  tap({75, 75});
+  EXPECT_EQ(countOf(ElementType::keyboard), 1);
+}
+
+TEST_F(PhoneTest, KeysType) {
+  start(smallPhone(FIELDS));
+  tap({25, 25});
+  ASSERT_NE(phone_->focusedElement(), nullptr);
+  for (const Point key : {SHIFT, A_KEY, A_KEY, SPACE, MORE, Q_KEY, SPACE, Q_KEY, Q_KEY, DELETE}) {
+    tap(key);
+  }
+  EXPECT_EQ(phone_->focusedElement()->value, "Aa 1 q");
+  tap({50, 195});
+  EXPECT_EQ(phone_->focusedElement()->value, "Aa 1 q") << "below the keys there is nothing to tap";
+}
+
+TEST_F(PhoneTest, TheReturnKeyEndsTheEditingOfASingleLine) {
+  for (const Point field : {Point{25, 25}, Point{75, 25}, Point{25, 75}}) {
+    start(smallPhone(FIELDS));
+    tap(field);
+    const auto revision = phone_->revision();
+    tap(RETURN);
+    EXPECT_EQ(phone_->focusedElement(), nullptr);
+    EXPECT_EQ(keyboard(), nullptr);
+    EXPECT_NE(phone_->revision(), revision);
+  }
+}
+
+TEST_F(PhoneTest, TheReturnKeyIsANewlineInATextView) {
+  start(smallPhone(FIELDS));
+  tap({75, 75});
+  tap(Q_KEY);
+  tap(RETURN);
+  EXPECT_TRUE(phone_->type(screenOf(TEST_APP), "a\nb\r\nc"));
+  EXPECT_EQ(elementLabelled("view").value, "q\na\nb\nc");
+  EXPECT_NE(keyboard(), nullptr);
+}
+
+TEST_F(PhoneTest, ControlCharactersThatAreTypedAreKeys) {
+  start(smallPhone(FIELDS));
+  tap({25, 25});
+  EXPECT_TRUE(phone_->type(screenOf(TEST_APP), "\bÄ👍🏽\bxy\x7Fz"));
+  EXPECT_EQ(elementLabelled("field").value, "Äxz");
+  EXPECT_TRUE(phone_->type(screenOf(TEST_APP), "\b\b\b\b"));
+  EXPECT_EQ(elementLabelled("field").value, std::nullopt);
+  EXPECT_TRUE(phone_->type(screenOf(TEST_APP), "ab\ncd"));
+  EXPECT_EQ(elementLabelled("field").value, "ab");
+  EXPECT_EQ(phone_->focusedElement(), nullptr);
+  EXPECT_FALSE(phone_->type(screenOf(TEST_APP), "e"));
+}
+
+TEST_F(PhoneTest, TheRuleOfTheReturnKeyAppliesHoweverItIsPressed) {
+  const MemoryPhoneFiles searching = phoneWith(FIELDS, tapRule("identifier == 'Search'", show("one")));
+  start(searching);
+  tap({25, 75});
+  tap(RETURN);
+  EXPECT_THAT(labels(), ElementsAre("one"));
+  EXPECT_EQ(phone_->focusedElement(), nullptr);
+  start(searching);
+  tap({25, 75});
+  EXPECT_TRUE(phone_->type(screenOf(TEST_APP), "lamp\nlost"));
+  EXPECT_THAT(labels(), ElementsAre("one"));
+}
+
+TEST_F(PhoneTest, ATapOnAKeyIsNoTapOnWhatHoldsTheKeyboard) {
+  start(phoneWith(FIELDS, tapRule("label == 'field'", "") + "," + tapRule("label == 'Test'", show("one")) + "," +
+                              tapRule("label == 'a'", show("two"))));
+  tap({25, 25});
+  ASSERT_NE(phone_->focusedElement(), nullptr);
+  tap(Q_KEY);
+  tap({50, 195});
+  EXPECT_EQ(phone_->focusedElement()->value, "q");
+  tap(A_KEY);
+  EXPECT_THAT(labels(), ElementsAre("two"));
+}
+
+TEST_F(PhoneTest, TheFocusEndsWithTheScreen) {
+  start(phoneWith(FIELDS, tapRule("label == 'view'", show("one"))));
+  tap({25, 25});
+  tap({75, 75});
+  EXPECT_THAT(labels(), ElementsAre("one"));
+  EXPECT_EQ(phone_->focusedElement(), nullptr);
+  EXPECT_EQ(keyboard(), nullptr);
+}
+
+TEST_F(PhoneTest, TheFocusEndsWhenTheApplicationLeavesTheFront) {
+  start(smallPhone(FIELDS));
+  tap({25, 25});
+  EXPECT_TRUE(phone_->type(screenOf(TEST_APP), "kept"));
+  phone_->pressHome();
+  EXPECT_EQ(keyboard(), nullptr);
+  EXPECT_EQ(phone_->focusedElement(), nullptr);
+  EXPECT_FALSE(elementLabelled("field").hasKeyboardFocus);
+  EXPECT_EQ(elementLabelled("field").value, "kept");
+}
+
+TEST_F(PhoneTest, ALaunchEndsTheFocusOfTheApplicationBefore) {
+  MemoryPhoneFiles files = smallPhone(button("label='OK'"));
+  files["home/home.xml"] = R"(<SearchField label="field" x="0" y="0" width="100" height="50"/>)";
+  switchOn(files);
+  tap({25, 25});
+  EXPECT_EQ(phone_->focusedElement()->label, "field");
+  phone_->launch(TEST_APP);
+  EXPECT_EQ(phone_->focusedElement(), nullptr);
+  EXPECT_EQ(phone_->running(HOME)->focused, nullptr);
+  phone_->launch(HOME);
+  EXPECT_EQ(phone_->focusedElement(), nullptr);
+}
+
+TEST_F(PhoneTest, ACapturedKeyboardServesTheFieldsOfItsScreen) {
+  start(phoneWith(R"(<TextField label="field" x="0" y="0" width="100" height="50"/>
+      <Keyboard x="0" y="100" width="100" height="100"><Key label="Q" x="0" y="100" width="20" height="20"/>
+      <Key label="x" enabled="false" x="40" y="100" width="20" height="20"/>
+      <Button label="Done" x="80" y="180" width="20" height="20"/></Keyboard>)",
+                  tapRule("label == 'Done'", alert("done"))));
+  tap({10, 110});
+  EXPECT_EQ(elementLabelled("field").value, std::nullopt) << "nothing has the focus yet";
+  tap({10, 10});
+  EXPECT_EQ(countOf(ElementType::keyboard), 1);
+  tap({10, 110});
+  tap({50, 110});
+  EXPECT_EQ(elementLabelled("field").value, "Q");
+  tap({90, 190});
+  EXPECT_EQ(phone_->focusedElement(), nullptr);
+  EXPECT_EQ(countOf(ElementType::keyboard), 1) << "it belongs to the screen";
+  EXPECT_NE(phone_->alert(), nullptr);
+}
+
+TEST_F(PhoneTest, ADisabledReturnKeyHasNoRule) {
+  start(phoneWith(R"(<TextField label="field" x="0" y="0" width="100" height="50"/>
+      <Keyboard x="0" y="100" width="100" height="100">
+      <Button label="Done" enabled="false" x="80" y="180" width="20" height="20"/></Keyboard>)",
+                  tapRule("label == 'Done'", alert("done"))));
+  tap({10, 10});
+  tap({90, 190});
+  EXPECT_NE(phone_->focusedElement(), nullptr);
+  EXPECT_TRUE(phone_->type(screenOf(TEST_APP), "a\n"));
+  EXPECT_EQ(phone_->focusedElement(), nullptr);
+  EXPECT_EQ(phone_->alert(), nullptr);
+}
+
+TEST_F(PhoneTest, AKeyboardThatACaptureDoesNotShowIsNone) {
+  start(smallPhone(R"(<TextField label="field" x="0" y="0" width="100" height="50"/>
+      <Keyboard x="0" y="200" width="100" height="100"/><Keyboard visible="false" x="0" y="100" width="9" height="9"/>)"));
+  tap({10, 10});
+  EXPECT_EQ(countOf(ElementType::keyboard), 3);
+}
+
+// Scrolling.
+
+constexpr const char* LIST = R"(<Table label="list" x="0" y="0" width="100" height="150">
+    <Cell label="1" x="0" y="0" width="100" height="100"/><Cell label="2" x="0" y="100" width="100" height="300"/></Table>
+    <TextField label="field" x="0" y="150" width="100" height="20"/>)";
+
+TEST_F(PhoneTest, ADragScrolls) {
+  start(smallPhone(LIST));
+  const auto revision = phone_->revision();
+  phone_->drag({50, 120}, 2s, {50, 70});
+  EXPECT_EQ(elementLabelled("2").frame.origin, (Point{0, 50}));
+  EXPECT_EQ(elapsed(), 2s);
+  EXPECT_EQ(phone_->revision(), revision + 1);
+  phone_->drag({50, 160}, 0s, {50, 20});
+  EXPECT_EQ(elementLabelled("2").frame.origin, (Point{0, 50})) << "a field does not scroll";
+  EXPECT_EQ(phone_->revision(), revision + 1);
+}
+
+TEST_F(PhoneTest, TheEdgeOfTheScreenStopsTheFinger) {
+  start(smallPhone(LIST));
+  phone_->drag({50, 120}, 0s, {-500, -5000});
+  EXPECT_EQ(elementLabelled("2").frame.origin, (Point{0, -20}));
+}
+
+TEST_F(PhoneTest, ADragIsNoTapUnlessTheFingerStays) {
+  start(phoneWith(button("label='b'"), tapRule("label == 'b'", show("one"))));
+  phone_->drag({50, 100}, 1s, {50, 101});
+  EXPECT_THAT(labels(), ElementsAre("b"));
+  phone_->drag({50, 100}, 1s, {50, 100});
+  EXPECT_THAT(labels(), ElementsAre("one"));
+  EXPECT_EQ(elapsed(), 2s);
+}
+
+TEST_F(PhoneTest, ASwipeScrollsWhatLiesInTheMiddleOfTheElement) {
+  start(smallPhone(LIST));
+  phone_->swipe(elementLabelled("1"), SwipeDirection::up);
+  EXPECT_EQ(elementLabelled("2").frame.origin, (Point{0, -12.5}));
+  phone_->swipe(screenOf(TEST_APP), SwipeDirection::down);
+  EXPECT_EQ(elementLabelled("2").frame.origin, (Point{0, 100}));
+  const auto revision = phone_->revision();
+  phone_->swipe(elementLabelled("1"), SwipeDirection::down);
+  phone_->swipe(elementLabelled("field"), SwipeDirection::up);
+  EXPECT_EQ(phone_->revision(), revision);
+}
+
+TEST_F(PhoneTest, ASwipeCountsOnlyWhatTheKeyboardLeaves) {
+  start(smallPhone(LIST));
+  tap({50, 160});
+  phone_->swipe(elementLabelled("1"), SwipeDirection::up);
+  EXPECT_EQ(elementLabelled("2").frame.origin, (Point{0, 10})) << "three quarters of 120 points";
+}
+
+TEST_F(PhoneTest, ASwipeGoesThroughTheMiddleOfWhatTheKeyboardLeaves) {
+  start(smallPhone(R"(<TextField label="field" x="0" y="0" width="100" height="20"/>
+      <Table label="list" x="0" y="100" width="100" height="100">
+      <Cell label="1" x="0" y="100" width="100" height="300"/></Table>
+)"));
+  tap({50, 10});
+  std::vector<Point> points;
+  phone_->observeTouches([&points](const Element&, Point point) { points.push_back(point); });
+  phone_->swipe(elementLabelled("1"), SwipeDirection::up);
+  EXPECT_EQ(elementLabelled("1").frame.origin, (Point{0, 85})) << "three quarters of 20 points";
+  phone_->swipe(elementLabelled("q"), SwipeDirection::up);
+  EXPECT_THAT(points, ElementsAre(Point{50, 110}, Point{5, 127.5}));
+}
+
+TEST_F(PhoneTest, NothingIsSwipedThatIsNotOnTheScreen) {
+  start(smallPhone(std::string(LIST) + R"(<Button label="outside" x="0" y="500" width="10" height="10"/>)"));
+  phone_->swipe(elementLabelled("outside"), SwipeDirection::up);
+  EXPECT_EQ(elementLabelled("2").frame.origin, (Point{0, 100}));
+}
+
+TEST_F(PhoneTest, ScrollingTakesItsTime) {
+  MemoryPhoneFiles files = smallPhone(LIST);
+  std::string& json = files["phone.json"];
+  json.insert(json.find("\"volume\""), R"("delays": {"touch": 80, "scroll": 400}, )");
+  start(files);
+  phone_->drag({50, 120}, 1s, {50, 70});
+  EXPECT_EQ(elapsed(), 1480ms);
+  phone_->swipe(elementLabelled("2"), SwipeDirection::up);
+  EXPECT_EQ(elapsed(), 1960ms);
+  phone_->drag({50, 500}, 1s, {50, 70});
+  EXPECT_EQ(elapsed(), 3040ms) << "a finger beside the screen moves nothing";
+}
+
+TEST_F(PhoneTest, UnderAnAlertNothingScrollsAndADragDoesNotPressItsButton) {
+  start(phoneWith(LIST, tapRule("label == '1'", alert("first"))));
+  tap({50, 50});
+  ASSERT_NE(phone_->alert(), nullptr);
+  phone_->drag({50, 120}, 0s, {50, 70});
+  phone_->drag(ALERT_BUTTON, 1s, {50, 70});
+  phone_->swipe(elementLabelled("1"), SwipeDirection::up);
+  EXPECT_NE(phone_->alert(), nullptr);
+  EXPECT_EQ(elementLabelled("2").frame.origin, (Point{0, 100}));
+}
+
+TEST_F(PhoneTest, AScreenThatIsShownAgainIsNotScrolled) {
+  start(phoneWith(LIST, tapRule("label == '2'", show("start"))));
+  phone_->drag({50, 120}, 0s, {50, 70});
+  tap({50, 120});
+  EXPECT_EQ(elementLabelled("2").frame.origin, (Point{0, 100}));
+  phone_->drag({50, 120}, 0s, {50, 70});
+  EXPECT_EQ(elementLabelled("2").frame.origin, (Point{0, 50}));
+}
+
+// Who is told of touches.
+
+TEST_F(PhoneTest, TheObserverIsToldWhatTookEachTouchBeforeItHadItsEffect) {
+  start(phoneWith(LIST, tapRule("label == '2'", alert("first"))));
+  std::vector<std::string> touches;
+  phone_->observeTouches([&touches](const Element& touched, Point point) {
+    touches.push_back(touched.label + " at " + std::to_string(std::lround(point.x)) + ", " +
+                      std::to_string(std::lround(point.y)));
+  });
+  phone_->touch({10, 20}, 1s);
+  phone_->drag({10, 90}, 0s, {10, 60});
+  phone_->swipe(elementLabelled("2"), SwipeDirection::down);
+  tap({50, 160});
+  tap(Q_KEY);
+  phone_->drag(RETURN, 0s, {50, 50});
+  tap(RETURN);
+  tap({50, 130});
+  phone_->drag({1, 1}, 0s, {1, 50});
+  tap({1, 1});
+  tap(ALERT_BUTTON);
+  EXPECT_THAT(touches, ElementsAre("1 at 10, 20", "1 at 10, 90", "2 at 50, 110", "field at 50, 160", "q at 5, 127",
+                                   "return at 88, 173", "return at 88, 173", "2 at 50, 130", "first at 1, 1",
+                                   "first at 1, 1", "OK at 50, 150"));
+}
+
+TEST_F(PhoneTest, TheObserverIsNotToldOfWhatFallsThrough) {
+  start(smallPhone(R"(<Other x="0" y="0" width="100" height="100"/>)"));
+  int touches = 0;
+  phone_->observeTouches([&touches](const Element&, Point) { ++touches; });
+  tap({50, 50});
+  phone_->drag({50, 50}, 0s, {50, 10});
+  phone_->swipe(screenOf(TEST_APP), SwipeDirection::up);
+  tap({500, 50});
+  EXPECT_EQ(touches, 0);
 }
 
 // Rules.
@@ -436,9 +781,7 @@ TEST_F(PhoneTest, AnOpenedApplicationStartsWhereItDoesNotRun) {
   EXPECT_EQ(elapsed(), 500ms);
 }
 
-// Alerts. On the small phone one with a single button has that button at the points from 127 to 171 down.
-
-constexpr Point ALERT_BUTTON{50, 150};
+// Alerts.
 
 TEST_F(PhoneTest, AnAlertOfThePhoneTakesAllTouches) {
   start(phoneWith(button("label='b'"), tapRule("TRUEPREDICATE", alert("first"))));

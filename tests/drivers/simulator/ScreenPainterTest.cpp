@@ -296,6 +296,11 @@ TEST(ScreenPainter, DrawsAnElementDifferentlyInEachOfItsStates) {
       {"slider further on", ElementType::slider, [](Element& element) { element.value = "70%"; }},
       {"typed text", ElementType::textField, [](Element& element) { element.value = "typed"; }},
       {"focused field", ElementType::textField, [](Element& element) { element.hasKeyboardFocus = true; }},
+      {"shift key that holds", ElementType::key,
+       [](Element& element) {
+         element.label = "shift";
+         element.isSelected = true;
+       }},
       {"page indicator", ElementType::pageIndicator, [](Element& element) { element.value = "page 2 of 3"; }},
   };
   for (const auto& row : rows) {
@@ -349,6 +354,50 @@ TEST(ScreenPainter, DoesNotDrawALabelAgainThatStandsInATextBelow) {
     text.label = "Other";
     EXPECT_GT(differences(alone, withText, CORNER).outside, 0) << nameOf(type);
     EXPECT_EQ(differences(withText, pictureOf(*root), CORNER).outside, 0) << nameOf(type);
+  }
+}
+
+TEST(ScreenPainter, DoesNotDrawWhatIsHiddenButWhatIsInIt) {
+  const auto root = emptyScreen();
+  const Picture empty = pictureOf(*root);
+  Element& hidden = add(*root, ElementType::button, MIDDLE, "Label");
+  hidden.isHidden = true;
+  EXPECT_EQ(pictureOf(*root).pixels, empty.pixels);
+  add(hidden, ElementType::staticText, MIDDLE, "Text");
+  EXPECT_NE(pictureOf(*root).pixels, empty.pixels);
+}
+
+TEST(ScreenPainter, DrawsALabelForWhichNothingThatIsSeenStands) {
+  for (const ElementType hidden : {ElementType::staticText, ElementType::image}) {
+    const auto root = emptyScreen();
+    Element& button = add(*root, ElementType::toolbarButton, MIDDLE, "Label");
+    const Picture alone = pictureOf(*root);
+    Element& below = add(button, hidden, MIDDLE, "Label");
+    EXPECT_NE(pictureOf(*root).pixels, alone.pixels) << nameOf(hidden);
+    below.isHidden = true;
+    EXPECT_EQ(pictureOf(*root).pixels, alone.pixels) << nameOf(hidden);
+  }
+}
+
+TEST(ScreenPainter, DoesNotDimTheScreenForAHiddenAlert) {
+  const auto root = emptyScreen();
+  const Picture empty = pictureOf(*root);
+  add(*root, ElementType::alert, MIDDLE, "Label").isHidden = true;
+  EXPECT_EQ(pictureOf(*root).pixels, empty.pixels);
+}
+
+TEST(ScreenPainter, PrintsSignsOnTheKeysThatAreNamedWithWords) {
+  const auto pictureOfKey = [](const std::string& label) {
+    const auto root = emptyScreen();
+    add(*root, ElementType::key, MIDDLE, label);
+    return pictureOf(*root).pixels;
+  };
+  EXPECT_EQ(pictureOfKey("space"), pictureOfKey(" "));
+  const std::string labels[] = {"shift", "delete", "numbers", "letters", "symbols", "return"};
+  for (const std::string& one : labels) {
+    for (const std::string& other : labels) {
+      EXPECT_EQ(pictureOfKey(one) == pictureOfKey(other), one == other) << one << ", " << other;
+    }
   }
 }
 

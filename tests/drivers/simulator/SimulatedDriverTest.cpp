@@ -412,17 +412,91 @@ TEST_F(SimulatedDriverTest, TypingWithoutTheFocusRaises) {
   EXPECT_EQ(named("field").value(), ElementValue());
 }
 
-TEST_F(SimulatedDriverTest, ThePhoneDoesNotScrollYet) {
+constexpr const char* LIST = R"(
+  <Table name="list" x="0" y="0" width="100" height="100">
+    <Cell name="first" x="0" y="0" width="100" height="80"/><Cell name="last" x="0" y="80" width="100" height="120"/>
+  </Table>
+  <Button name="beside" x="0" y="100" width="100" height="100"/>
+  <Button name="outside" x="0" y="300" width="100" height="100"/>)";
+
+Point placeOf(const std::string& identifier) {
+  return named(identifier).frame().origin;
+}
+
+TEST_F(SimulatedDriverTest, ASwipeMovesByThreeQuartersAndADragWithTheFinger) {
+  start(LIST);
+  ASSERT_EQ(placeOf("last"), (Point{0, 80}));
+  named("first").swipe(SwipeDirection::up);
+  EXPECT_EQ(placeOf("last"), (Point{0, 5}));
+  named("list").swipe(SwipeDirection::down);
+  EXPECT_EQ(placeOf("last"), (Point{0, 80}));
+  named("list").coordinate({0.5, 0.5}).pressThenDrag(1s, named("list").coordinate({0.5, 0.25}));
+  EXPECT_EQ(placeOf("last"), (Point{0, 55}));
+  EXPECT_EQ(elapsed(), 1s);
+  APP.swipe(SwipeDirection::down);
+  named("beside").swipe(SwipeDirection::down);
+  EXPECT_EQ(placeOf("last"), (Point{0, 55})) << "the button is no part of the list";
+}
+
+TEST_F(SimulatedDriverTest, ADragFromOutsideTheScreenLandsOnNothing) {
+  start(LIST);
+  const XCUICoordinate inside = APP.coordinate({0.5, 0.1});
+  for (const NormalizedOffset offset : {NormalizedOffset{-0.1, 0.2}, NormalizedOffset{0.5, 7},
+                                        NormalizedOffset{INFINITE, 0.5}, NormalizedOffset{NOT_A_NUMBER, 0.5}}) {
+    APP.coordinate(offset).pressThenDrag(0s, inside);
+    EXPECT_EQ(placeOf("first"), (Point{0, 0})) << offset.dx << ", " << offset.dy;
+  }
+  inside.pressThenDrag(0s, APP.coordinate({0.5, NOT_A_NUMBER}));
+  inside.pressThenDrag(0s, APP.coordinate({0.5, -INFINITE}));
+  EXPECT_EQ(placeOf("first"), (Point{0, 0})) << "where the finger went nobody can tell";
+  inside.pressThenDrag(0s, APP.coordinate({0.5, -0.5}));
+  EXPECT_EQ(placeOf("first"), (Point{0, -20})) << "as far as the edge of the screen";
+}
+
+TEST_F(SimulatedDriverTest, WhatIsNotThereOrNotOnTheScreenCannotBeSwipedOrDragged) {
+  start(LIST);
+  const std::string notThere = " on the simulated phone: it does not exist";
+  const XCUIElement nobody = named("nobody");
+  expectFailure([&] { nobody.swipe(SwipeDirection::up); }, "swipe of " + describe(nobody) + notThere);
+  expectFailure([] { named("outside").swipe(SwipeDirection::up); },
+                "swipe of " + describe(named("outside")) + " on the simulated phone: no part of it is on the screen");
+  const XCUICoordinate there = APP.coordinate({0.5, 0.1});
+  const XCUICoordinate nowhere = nobody.coordinate({0, 0});
+  expectFailure([&] { nowhere.pressThenDrag(0s, there); }, "pressThenDrag of " + describe(nowhere) + notThere);
+  expectFailure([&] { there.pressThenDrag(0s, nowhere); }, "pressThenDrag of " + describe(nowhere) + notThere);
+}
+
+TEST_F(SimulatedDriverTest, TheKeyboardIsPartOfTheApplication) {
   start();
-  expectFailure(
-      [] { APP.swipe(SwipeDirection::up); },
-      R"(swipe of the application "com.example.test" on the simulated phone: this phone does not scroll yet)");
-  expectFailure(
-      [] {
-        APP.coordinate({0, 0}).pressThenDrag(1s, APP.coordinate({1, 1}));
-      },
-      R"(pressThenDrag of the point (0, 0) of the application "com.example.test" on the simulated phone: )"
-      "this phone does not scroll yet");
+  EXPECT_FALSE(APP.descendants(ElementType::keyboard).firstMatch().exists());
+  named("field").tap();
+  EXPECT_TRUE(APP.descendants(ElementType::keyboard).firstMatch().exists());
+  const XCUIElement key = APP.descendants(ElementType::key)["b"];
+  EXPECT_TRUE(key.isHittable());
+  key.tap();
+  APP.descendants(ElementType::key)["a"].tap();
+  EXPECT_EQ(named("field").value(), ElementValue("ba"));
+  APP.buttons()["Return"].tap();
+  EXPECT_FALSE(APP.descendants(ElementType::keyboard).firstMatch().exists());
+}
+
+TEST_F(SimulatedDriverTest, WhatTheKeyboardCoversIsNotHittable) {
+  start(R"(<TextField name="field" x="0" y="0" width="100" height="50"/>)"
+        R"(<TextField name="covered" x="0" y="150" width="100" height="50"/>)");
+  named("covered").tap();
+  EXPECT_FALSE(named("covered").isHittable());
+  EXPECT_TRUE(named("field").isHittable());
+  named("covered").typeText("typed\n");
+  EXPECT_EQ(named("covered").value(), ElementValue("typed"));
+  EXPECT_TRUE(named("covered").isHittable());
+}
+
+TEST_F(SimulatedDriverTest, TypingThatLosesItsFieldMidwayIsNoError) {
+  start();
+  named("field").tap();
+  APP.typeText("a\nb");
+  EXPECT_EQ(named("field").value(), ElementValue("a"));
+  EXPECT_THROW(APP.typeText("c"), UIAutomationError);
 }
 
 TEST_F(SimulatedDriverTest, APatternOfARuleThatBacktracksForEverFailsTheTap) {
@@ -431,6 +505,18 @@ TEST_F(SimulatedDriverTest, APatternOfARuleThatBacktracksForEverFailsTheTap) {
   expectFailure([] { APP.buttons().firstMatch().tap(); },
                 R"(tap of the element (first) of the Button descendants of the application "com.example.test" on the )"
                 R"(simulated phone: the regular expression "(a+)+b" was given up: it takes too long on this text)");
+}
+
+TEST_F(SimulatedDriverTest, APatternOfARuleThatBacktracksForEverFailsTypingItsReturnKey) {
+  start(
+      "<TextField name='field' x='0' y='0' width='50' height='50'/>"
+      "<Keyboard x='0' y='100' width='100' height='100'><Button name='Return' label='" +
+          std::string(40, 'a') + "'/></Keyboard>",
+      R"([{"on": "tap", "element": "identifier == 'Return' AND label MATCHES '(a+)+b'", "do": []}])");
+  named("field").tap();
+  expectFailure([] { APP.typeText("a\n"); },
+                R"(typeText of the application "com.example.test" on the simulated phone: the regular expression )"
+                R"("(a+)+b" was given up: it takes too long on this text)");
 }
 
 // The device.
@@ -564,8 +650,10 @@ TEST_F(InterruptionTest, EveryActingPrimitiveAsks) {
   element.press(1s);
   element.coordinate({0, 0}).tap();
   element.coordinate({0, 0}).press(1s);
+  element.coordinate({0, 0}).pressThenDrag(1s, element.coordinate({1, 1}));
+  element.swipe(SwipeDirection::up);
   EXPECT_THROW(element.typeText("a"), UIAutomationError);
-  EXPECT_EQ(asked_, std::vector<std::string>(5, "refuser: second"));
+  EXPECT_EQ(asked_, std::vector<std::string>(7, "refuser: second"));
 }
 
 TEST_F(InterruptionTest, AnActionMadeInsideAHandlerAsksNobody) {
