@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <iterator>
+#include <span>
 #include <string_view>
 
 namespace quobrak {
@@ -46,29 +47,83 @@ ClockKind clockKind(const Variables& variable, Faults& faults) {
   return value == "virtual" ? ClockKind::virtualTime : ClockKind::system;
 }
 
+DriverKind driverKind(const Variables& variable, Faults& faults) {
+  const std::string value = variable("QUOBRAK_DRIVER").value_or("simulator");
+  if (value != "simulator" && value != "webdriver") {
+    faults.add("QUOBRAK_DRIVER", value, "simulator or webdriver");
+  }
+  return value == "webdriver" ? DriverKind::webdriver : DriverKind::simulator;
+}
+
+std::string serverUrl(const Variables& variable, const std::string& dialect, Faults& faults) {
+  // Where the servers listen unless they are told otherwise.
+  const std::string usual = dialect == "wda" ? "http://127.0.0.1:8100" : "http://127.0.0.1:4723";
+  std::string url = variable("QUOBRAK_WEBDRIVER_URL").value_or(usual);
+  if (!url.starts_with("http://") && !url.starts_with("https://")) {
+    faults.add("QUOBRAK_WEBDRIVER_URL", url, "an address that begins with http:// or https://");
+  }
+  while (url.ends_with('/')) {
+    url.pop_back();
+  }
+  return url;
+}
+
+WebDriverConfiguration webDriverConfiguration(const Variables& variable, Faults& faults) {
+  const std::string dialect = variable("QUOBRAK_WEBDRIVER_DIALECT").value_or("appium");
+  if (dialect != "appium" && dialect != "wda") {
+    faults.add("QUOBRAK_WEBDRIVER_DIALECT", dialect, "appium or wda");
+  }
+  return {.url = serverUrl(variable, dialect, faults),
+          .dialect = dialect,
+          .capabilities =
+              path(variable, "QUOBRAK_WEBDRIVER_CAPABILITIES", "a file with a JSON object, or not be set", faults)};
+}
+
+constexpr std::array<std::string_view, 4> COMMON_VARIABLES = {"QUOBRAK_CLOCK", "QUOBRAK_DOCUMENTS", "QUOBRAK_DRIVER",
+                                                              "QUOBRAK_TRACE"};
+constexpr std::array<std::string_view, 1> SIMULATOR_VARIABLES = {"QUOBRAK_PHONE"};
+constexpr std::array<std::string_view, 3> WEBDRIVER_VARIABLES = {"QUOBRAK_WEBDRIVER_CAPABILITIES",
+                                                                 "QUOBRAK_WEBDRIVER_DIALECT", "QUOBRAK_WEBDRIVER_URL"};
+
+bool isOneOf(std::span<const std::string_view> names, std::string_view name) {
+  return std::find(names.begin(), names.end(), name) != names.end();
+}
+
+std::vector<std::string> only(const std::vector<std::string>& names,
+                              const std::function<bool(const std::string&)>& isWanted) {
+  std::vector<std::string> wanted;
+  std::copy_if(names.begin(), names.end(), std::back_inserter(wanted), isWanted);
+  return wanted;
+}
+
 }  // namespace
 
 std::vector<std::string> unknownVariables(const std::vector<std::string>& names) {
-  constexpr std::array<std::string_view, 5> KNOWN = {"QUOBRAK_CLOCK", "QUOBRAK_DOCUMENTS", "QUOBRAK_DRIVER",
-                                                     "QUOBRAK_PHONE", "QUOBRAK_TRACE"};
-  std::vector<std::string> unknown;
-  std::copy_if(names.begin(), names.end(), std::back_inserter(unknown), [&KNOWN](const std::string& name) {
-    return name.starts_with("QUOBRAK_") && std::find(KNOWN.begin(), KNOWN.end(), name) == KNOWN.end();
+  return only(names, [](const std::string& name) {
+    return name.starts_with("QUOBRAK_") && !isOneOf(COMMON_VARIABLES, name) && !isOneOf(SIMULATOR_VARIABLES, name) &&
+           !isOneOf(WEBDRIVER_VARIABLES, name);
   });
-  return unknown;
+}
+
+std::vector<std::string> idleVariables(const std::vector<std::string>& names, DriverKind driver) {
+  return only(names, [driver](const std::string& name) {
+    return driver == DriverKind::simulator ? isOneOf(WEBDRIVER_VARIABLES, name) : isOneOf(SIMULATOR_VARIABLES, name);
+  });
 }
 
 Configuration configurationFrom(const Variables& variable) {
   Faults faults;
-  const std::string driver = variable("QUOBRAK_DRIVER").value_or("simulator");
-  if (driver != "simulator") {
-    faults.add("QUOBRAK_DRIVER", driver, "simulator, the only driver that this program has");
-  }
+  const DriverKind driver = driverKind(variable, faults);
   Configuration configuration{
       .documents = path(variable, "QUOBRAK_DOCUMENTS", "a folder", faults).value_or("Documents"),
+      .driver = driver,
       .phone = path(variable, "QUOBRAK_PHONE", "a folder that describes a phone, or not be set", faults),
+      .webdriver = webDriverConfiguration(variable, faults),
       .clock = clockKind(variable, faults),
       .trace = path(variable, "QUOBRAK_TRACE", "a file or fd:N, or not be set", faults)};
+  if (driver == DriverKind::webdriver && configuration.clock == ClockKind::virtualTime) {
+    faults.add("QUOBRAK_CLOCK", "virtual", "system with the driver webdriver: a real phone takes real time");
+  }
   faults.raiseIfAny();
   return configuration;
 }

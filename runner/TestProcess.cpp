@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <exception>
 #include <filesystem>
+#include <functional>
 #include <iomanip>
 #include <iostream>
 #include <memory>
@@ -13,10 +14,12 @@
 #include <string>
 #include <string_view>
 #include <system_error>
+#include <utility>
 #include <vector>
 
 #include "drivers/simulator/PhoneLoader.h"
 #include "drivers/simulator/SimulatedDriver.h"
+#include "drivers/webdriver/WebDriverDriver.h"
 #include "platform/foundation/ConfinedFileManager.h"
 #include "platform/foundation/VirtualClock.h"
 #include "quobrakUITests/RunObserver.h"
@@ -25,6 +28,7 @@
 #include "runner/TimedFileManager.h"
 #include "runner/Trace.h"
 #include "runner/TracingDriver.h"
+#include "runner/WebDriverServer.h"
 
 namespace quobrak {
 
@@ -45,15 +49,40 @@ std::optional<std::string> rawVariable(const std::string& name) {
   return value == nullptr ? std::nullopt : std::optional<std::string>(value);
 }
 
-void warnOfUnknownVariables() {
+std::vector<std::string> variableNames() {
   std::vector<std::string> names;
   for (char** variable = environ; *variable != nullptr; ++variable) {
     const std::string_view entry(*variable);
     names.emplace_back(entry.substr(0, entry.find('=')));
   }
-  for (const std::string& name : unknownVariables(names)) {
+  return names;
+}
+
+void warnOfUnknownVariables() {
+  for (const std::string& name : unknownVariables(variableNames())) {
     std::cerr << "warning: " << name << " is set, but is no variable of this program" << std::endl;
   }
+}
+
+void warnOfIdleVariables(DriverKind driver) {
+  for (const std::string& name : idleVariables(variableNames(), driver)) {
+    std::cerr << "warning: " << name << " is set, but the driver "
+              << (driver == DriverKind::simulator ? "simulator" : "webdriver") << " does not read it" << std::endl;
+  }
+}
+
+/// The driver, once there is a clock. What the configuration got wrong is raised before anything is touched.
+using DriverMaker = std::function<std::unique_ptr<UIDriver>(Clock&)>;
+
+DriverMaker driverMaker(const Configuration& configuration) {
+  if (configuration.driver == DriverKind::webdriver) {
+    return [server = webDriverServer(configuration.webdriver)](Clock& clock) {
+      return std::make_unique<webdriver::WebDriverDriver>(server, clock);
+    };
+  }
+  // Function objects are copied, and a phone's description cannot be.
+  auto phone = std::make_shared<simulator::PhoneDescription>(loadPhone(configuration.phone));
+  return [phone](Clock& clock) { return std::make_unique<simulator::SimulatedDriver>(std::move(*phone), clock); };
 }
 
 std::unique_ptr<FileManager> openDocuments(const std::string& path) {
@@ -73,7 +102,7 @@ class InstalledPlatform {
   explicit InstalledPlatform(const Configuration& configuration) {
     // A run that is refused leaves nothing behind. The trace comes last, because opening it empties it, and because it
     // may lie in the Documents directory.
-    simulator::PhoneDescription phone = loadPhone(configuration.phone);
+    const DriverMaker makeDriver = driverMaker(configuration);
     MadeFolders documents(configuration.documents);
     std::unique_ptr<FileManager> files = openDocuments(configuration.documents);
     if (configuration.trace) {
@@ -86,7 +115,7 @@ class InstalledPlatform {
       files = std::make_unique<TimedFileManager>(std::move(files), Clock::shared());
     }
     FileManager::install(std::move(files));
-    std::unique_ptr<UIDriver> driver = std::make_unique<simulator::SimulatedDriver>(std::move(phone), Clock::shared());
+    std::unique_ptr<UIDriver> driver = makeDriver(Clock::shared());
     if (output_) {
       driver = std::make_unique<TracingDriver>(std::move(driver), *output_);
       trace_.emplace(*output_);
@@ -135,7 +164,9 @@ ExitStatus runTestProcess() {
   warnOfUnknownVariables();
   std::optional<InstalledPlatform> platform;
   try {
-    platform.emplace(configurationFrom(rawVariable));
+    const Configuration configuration = configurationFrom(rawVariable);
+    warnOfIdleVariables(configuration.driver);
+    platform.emplace(configuration);
   } catch (const ConfigurationError& error) {
     std::cerr << "configuration error: " << error.what() << std::endl;
     return ExitStatus::misconfigured;

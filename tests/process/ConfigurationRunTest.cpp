@@ -90,10 +90,8 @@ std::string withoutTimes(const std::string& text) {
 }  // namespace
 
 TEST_F(ConfigurationRun, RefusesADriverThatItDoesNotHave) {
-  start.environment["QUOBRAK_DRIVER"] = "webdriver";
-  expectRefusal(
-      "configuration error: QUOBRAK_DRIVER is \"webdriver\", but must be simulator, the only driver that this program "
-      "has");
+  start.environment["QUOBRAK_DRIVER"] = "telepathy";
+  expectRefusal("configuration error: QUOBRAK_DRIVER is \"telepathy\", but must be simulator or webdriver");
 }
 
 TEST_F(ConfigurationRun, TellsAllFaultsAtOnce) {
@@ -103,8 +101,7 @@ TEST_F(ConfigurationRun, TellsAllFaultsAtOnce) {
   start.environment["QUOBRAK_CLOCK"] = "fast";
   start.environment["QUOBRAK_TRACE"] = "";
   expectRefusal(
-      "configuration error: QUOBRAK_DRIVER is \"Simulator\", but must be simulator, the only driver that this program "
-      "has\n"
+      "configuration error: QUOBRAK_DRIVER is \"Simulator\", but must be simulator or webdriver\n"
       "QUOBRAK_DOCUMENTS is \"\", but must be a folder\n"
       "QUOBRAK_PHONE is \"\", but must be a folder that describes a phone, or not be set\n"
       "QUOBRAK_CLOCK is \"fast\", but must be system or virtual\n"

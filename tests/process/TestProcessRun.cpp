@@ -102,7 +102,7 @@ std::string describe(const fs::directory_entry& entry) {
 ProcessEnd runExecutable(const ProcessStart& start) {
   const Capture out;
   const Capture err;
-  std::vector<std::string> arguments{"quobrakUITests"};
+  std::vector<std::string> arguments{start.executable.filename().string()};
   arguments.insert(arguments.end(), start.arguments.begin(), start.arguments.end());
   std::vector<std::string> environment;
   for (const auto& [name, value] : start.environment) {
@@ -111,7 +111,7 @@ ProcessEnd runExecutable(const ProcessStart& start) {
   const std::vector<char*> argv = pointersTo(arguments);
   const std::vector<char*> envp = pointersTo(environment);
   // Opened while it certainly can be: another user may not be let into the folder that it stands in.
-  const int executable = ::open(QUOBRAK_UI_TESTS, O_PATH | O_CLOEXEC);
+  const int executable = ::open(start.executable.c_str(), O_PATH | O_CLOEXEC);
 
   const pid_t child = ::fork();
   if (child == 0) {

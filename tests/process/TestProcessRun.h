@@ -15,8 +15,9 @@
 
 namespace quobrak::testing {
 
-/// What the executable is started with. It inherits nothing else.
+/// What an executable is started with. It inherits nothing else.
 struct ProcessStart {
+  std::filesystem::path executable = QUOBRAK_UI_TESTS;
   std::vector<std::string> arguments;
   std::map<std::string, std::string> environment;
   std::filesystem::path workingDirectory = "/";

@@ -23,7 +23,11 @@ Configuration configurationOf(const Variables& variables) {
 TEST(Configuration, WithoutAnyVariable) {
   const Configuration configuration = configurationOf({});
   EXPECT_EQ(configuration.documents, "Documents");
+  EXPECT_EQ(configuration.driver, DriverKind::simulator);
   EXPECT_EQ(configuration.phone, std::nullopt);
+  EXPECT_EQ(configuration.webdriver.url, "http://127.0.0.1:4723");
+  EXPECT_EQ(configuration.webdriver.dialect, "appium");
+  EXPECT_EQ(configuration.webdriver.capabilities, std::nullopt);
   EXPECT_EQ(configuration.clock, ClockKind::system);
   EXPECT_EQ(configuration.trace, std::nullopt);
 }
@@ -40,6 +44,21 @@ TEST(Configuration, WithEveryVariable) {
   EXPECT_EQ(configuration.trace, "fd:3");
 }
 
+TEST(Configuration, OfAServer) {
+  const Configuration configuration = configurationOf({{"QUOBRAK_DRIVER", "webdriver"},
+                                                       {"QUOBRAK_WEBDRIVER_URL", "https://grid.example.com/wd/hub//"},
+                                                       {"QUOBRAK_WEBDRIVER_DIALECT", "appium"},
+                                                       {"QUOBRAK_WEBDRIVER_CAPABILITIES", "phone.json"}});
+  EXPECT_EQ(configuration.driver, DriverKind::webdriver);
+  EXPECT_EQ(configuration.webdriver.url, "https://grid.example.com/wd/hub");
+  EXPECT_EQ(configuration.webdriver.dialect, "appium");
+  EXPECT_EQ(configuration.webdriver.capabilities, "phone.json");
+}
+
+TEST(Configuration, TheServerOnThePhoneListensElsewhere) {
+  EXPECT_EQ(configurationOf({{"QUOBRAK_WEBDRIVER_DIALECT", "wda"}}).webdriver.url, "http://127.0.0.1:8100");
+}
+
 TEST(Configuration, TheClockOfTheMachineCanBeNamed) {
   EXPECT_EQ(configurationOf({{"QUOBRAK_CLOCK", "system"}}).clock, ClockKind::system);
 }
@@ -49,12 +68,22 @@ TEST(Configuration, SaysWhatIsWrong) {
     Variables variables;
     std::string message;
   };
-  const std::string driver = ", but must be simulator, the only driver that this program has";
+  const std::string driver = ", but must be simulator or webdriver";
   const std::string clock = ", but must be system or virtual";
   const std::string phone = ", but must be a folder that describes a phone, or not be set";
   const std::string trace = ", but must be a file or fd:N, or not be set";
   for (const auto& [variables, message] :
-       {Case{{{"QUOBRAK_DRIVER", "webdriver"}}, "QUOBRAK_DRIVER is \"webdriver\"" + driver},
+       {Case{
+            {{"QUOBRAK_DRIVER", "webdriver"}, {"QUOBRAK_CLOCK", "virtual"}},
+            "QUOBRAK_CLOCK is \"virtual\", but must be system with the driver webdriver: a real phone takes real time"},
+        Case{
+            {{"QUOBRAK_WEBDRIVER_URL", "127.0.0.1:4723"}},
+            "QUOBRAK_WEBDRIVER_URL is \"127.0.0.1:4723\", but must be an address that begins with http:// or https://"},
+        Case{{{"QUOBRAK_WEBDRIVER_URL", ""}},
+             "QUOBRAK_WEBDRIVER_URL is \"\", but must be an address that begins with http:// or https://"},
+        Case{{{"QUOBRAK_WEBDRIVER_DIALECT", "w3c"}}, "QUOBRAK_WEBDRIVER_DIALECT is \"w3c\", but must be appium or wda"},
+        Case{{{"QUOBRAK_WEBDRIVER_CAPABILITIES", ""}},
+             "QUOBRAK_WEBDRIVER_CAPABILITIES is \"\", but must be a file with a JSON object, or not be set"},
         Case{{{"QUOBRAK_DRIVER", "Simulator"}}, "QUOBRAK_DRIVER is \"Simulator\"" + driver},
         Case{{{"QUOBRAK_DRIVER", ""}}, "QUOBRAK_DRIVER is \"\"" + driver},
         Case{{{"QUOBRAK_DOCUMENTS", ""}}, "QUOBRAK_DOCUMENTS is \"\", but must be a folder"},
@@ -71,9 +100,19 @@ TEST(Configuration, SaysWhatIsWrong) {
 }
 
 TEST(UnknownVariables, AreThoseThatOnlyLookLikeOurs) {
-  EXPECT_THAT(unknownVariables({"QUOBRAK_CLOK", "PATH", "QUOBRAK_CLOCK", "QUOBRAK_DRIVER", "QUOBRAK_DOCUMENTS",
-                                "QUOBRAK_PHONE", "QUOBRAK_TRACE", "quobrak_trace", "QUOBRAK_"}),
-              ::testing::ElementsAre("QUOBRAK_CLOK", "QUOBRAK_"));
+  EXPECT_THAT(
+      unknownVariables({"QUOBRAK_CLOK", "PATH", "QUOBRAK_CLOCK", "QUOBRAK_DRIVER", "QUOBRAK_DOCUMENTS", "QUOBRAK_PHONE",
+                        "QUOBRAK_TRACE", "quobrak_trace", "QUOBRAK_", "QUOBRAK_WEBDRIVER_CAPABILITIES",
+                        "QUOBRAK_WEBDRIVER_DIALECT", "QUOBRAK_WEBDRIVER_URL"}),
+      ::testing::ElementsAre("QUOBRAK_CLOK", "QUOBRAK_"));
+}
+
+TEST(IdleVariables, AreThoseOfTheOtherDriver) {
+  const std::vector<std::string> names{"QUOBRAK_PHONE", "QUOBRAK_DRIVER", "QUOBRAK_WEBDRIVER_URL", "PATH",
+                                       "QUOBRAK_WEBDRIVER_DIALECT"};
+  EXPECT_THAT(idleVariables(names, DriverKind::simulator),
+              ::testing::ElementsAre("QUOBRAK_WEBDRIVER_URL", "QUOBRAK_WEBDRIVER_DIALECT"));
+  EXPECT_THAT(idleVariables(names, DriverKind::webdriver), ::testing::ElementsAre("QUOBRAK_PHONE"));
 }
 
 }  // namespace quobrak
