@@ -1,0 +1,3 @@
+#pragma once
+
+// Foundation's headers ask for it and use nothing of it.

@@ -1,0 +1,2 @@
+# Says why a test is skipped.
+message("skipped: ${REASON}")
