@@ -32,10 +32,13 @@ TEST(FileRules, FindSourcesWithoutATest) {
                                   {"quobrakUITests/Tested.cpp", ""},
                                   {"drivers/simulator/Untested.cpp", ""},
                                   {"drivers/simulator/HeaderAlone.h", ""},
+                                  {"drivers/xctest/Tested.mm", ""},
+                                  {"tests/drivers/xctest/TestedTest.cpp", ""},
+                                  {"drivers/xctest/Untested.mm", ""},
                                   {"runner/main.cpp", ""},
                                   {"tests/house/SourceTree.cpp", ""},
                                   {"benchmarks/some/someBenchmark.cpp", ""}}),
-              ElementsAre("drivers/simulator/Untested.cpp", "quobrakUITests/Tested.cpp"));
+              ElementsAre("drivers/simulator/Untested.cpp", "quobrakUITests/Tested.cpp", "drivers/xctest/Untested.mm"));
 }
 
 TEST(FileRules, EverySourceOfTheHouseHasATest) {

@@ -29,7 +29,7 @@ bool isInATarget(const SourceTree& tree, const std::string& path) {
 
 std::vector<std::string> filesInNoTarget(const SourceTree& tree) {
   std::vector<std::string> missing;
-  for (const std::string& path : filesEndingIn(tree, ".cpp")) {
+  for (const std::string& path : sourcesOf(tree)) {
     // The compiler is meant to refuse these; a test of its own hands them to it.
     const bool mustNotCompile = path.starts_with("tests/quobrakUITests/wrong_table/");
     if (!mustNotCompile && !isInATarget(tree, path)) {

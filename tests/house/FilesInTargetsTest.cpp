@@ -19,9 +19,10 @@ TEST(FilesInTargets, FindsSourcesThatNoListNames) {
                         {"a/own/CMakeLists.txt", "add_library(own\n  Five.cpp)"},
                         {"a/own/Five.cpp", ""},
                         {"a/own/One.cpp", ""},
+                        {"a/own/Seven.mm", ""},
                         {"b/Six.cpp", ""}};
-  EXPECT_THAT(filesInNoTarget(tree),
-              ElementsAre("a/Four.cpp", "a/OtherOne.cpp", "a/own/One.cpp", "a/sub/One.cpp", "b/Six.cpp"));
+  EXPECT_THAT(filesInNoTarget(tree), ElementsAre("a/Four.cpp", "a/OtherOne.cpp", "a/own/One.cpp", "a/sub/One.cpp",
+                                                 "b/Six.cpp", "a/own/Seven.mm"));
 }
 
 TEST(FilesInTargets, ExceptsWhatMustNotCompile) {

@@ -29,6 +29,9 @@ TEST(IncludeRule, AllowsWhatMayBeKnown) {
            Case{"runner/TestProcess.cpp", "\"drivers/simulator/PhoneLoader.h\""},
            Case{"runner/TestProcess.cpp", "\"quobrakUITests/quobrakUITests.h\""},
            Case{"runner/TestProcess.cpp", "<csignal>"},
+           Case{"drivers/xctest/XCTestDriver.mm", "<XCTest/XCTest.h>"},
+           Case{"drivers/xctest/bundle/TestRun.cpp", "\"quobrakUITests/quobrakUITests.h\""},
+           Case{"tests/drivers/xctest/standins/Framework.mm", "<Foundation/Foundation.h>"},
            Case{"tests/runner/TraceTest.cpp", "<gtest/gtest.h>"},
            Case{"tests/runner/TraceTest.cpp", "\"tests/support/TemporaryFolder.h\""},
        }) {
@@ -55,6 +58,10 @@ TEST(IncludeRule, FindsWhatMustNotBeKnown) {
            Case{"drivers/simulator/Phone.cpp", "\"quobrakUITests/File.h\""},
            Case{"drivers/simulator/Phone.cpp", "\"drivers/webdriver/Connection.h\""},
            Case{"drivers/webdriver/Connection.cpp", "\"drivers/simulator/Phone.h\""},
+           Case{"drivers/xctest/XCTestDriver.mm", "\"quobrakUITests/quobrakUITests.h\""},
+           Case{"drivers/xctest/XCTestDriver.mm", "\"drivers/simulator/Phone.h\""},
+           Case{"drivers/simulator/Phone.cpp", "<Foundation/Foundation.h>"},
+           Case{"runner/Trace.cpp", "<XCTest/XCTest.h>"},
            Case{"runner/Trace.cpp", "\"tests/support/TemporaryFolder.h\""},
            Case{"runner/Trace.cpp", "<nlohmann/json.hpp>"},
            Case{"runner/Trace.cpp", "<gtest/gtest.h>"},
@@ -73,9 +80,10 @@ TEST(IncludeRule, ReadsEveryIncludeOfAFile) {
   EXPECT_THAT(
       includeViolations("quobrakUITests/File.cpp",
                         "#include <png.h>\n// #include <cairo.h>\n\n  # include  \"runner/Trace.h\" // why\n"
-                        "#include <string>\n#include<cairo.h>"),
+                        "#include <string>\n#include<cairo.h>\n#import <XCTest/XCTest.h>\n#include_next <objc/objc.h>"),
       ElementsAre("quobrakUITests/File.cpp includes <png.h>", "quobrakUITests/File.cpp includes \"runner/Trace.h\"",
-                  "quobrakUITests/File.cpp includes <cairo.h>"));
+                  "quobrakUITests/File.cpp includes <cairo.h>", "quobrakUITests/File.cpp includes <XCTest/XCTest.h>",
+                  "quobrakUITests/File.cpp includes <objc/objc.h>"));
 }
 
 TEST(IncludeRule, HoldsInTheWholeHouse) {

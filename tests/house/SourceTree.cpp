@@ -11,10 +11,11 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::array FOLDERS{"platform", "quobrakUITests", "drivers", "runner", "tests", "benchmarks"};
+constexpr std::array FOLDERS{"platform", "quobrakUITests", "drivers", "phoneserver", "runner", "tests", "benchmarks"};
 
 bool isOfInterest(const fs::path& file) {
-  return file.extension() == ".cpp" || file.extension() == ".h" || file.filename() == "CMakeLists.txt";
+  return file.extension() == ".cpp" || file.extension() == ".mm" || file.extension() == ".h" ||
+         file.filename() == "CMakeLists.txt";
 }
 
 std::string contentOf(const fs::path& file) {
@@ -48,6 +49,13 @@ std::vector<std::string> filesEndingIn(const SourceTree& tree, std::string_view 
       paths.push_back(path);
     }
   }
+  return paths;
+}
+
+std::vector<std::string> sourcesOf(const SourceTree& tree) {
+  std::vector<std::string> paths = filesEndingIn(tree, ".cpp");
+  const std::vector<std::string> others = filesEndingIn(tree, ".mm");
+  paths.insert(paths.end(), others.begin(), others.end());
   return paths;
 }
 

@@ -12,7 +12,7 @@ using ::testing::Pair;
 
 TEST(SourceTree, HoldsTheSourcesAndListsOfOurFolders) {
   const testing::TemporaryFolder root;
-  for (const char* folder : {"platform", "quobrakUITests", "drivers", "benchmarks"}) {
+  for (const char* folder : {"platform", "quobrakUITests", "drivers", "phoneserver", "benchmarks"}) {
     std::filesystem::create_directory(root.path() / folder);
   }
   root.write("tests/deep/er/Thing.h", "header");
@@ -29,6 +29,10 @@ TEST(SourceTree, HoldsTheSourcesAndListsOfOurFolders) {
 TEST(SourceTree, FindsFilesByTheirEnding) {
   EXPECT_THAT(filesEndingIn({{"b/x.cpp", ""}, {"a/y.cpp", ""}, {"a/y.h", ""}}, ".cpp"),
               ElementsAre("a/y.cpp", "b/x.cpp"));
+}
+
+TEST(SourceTree, SourcesAreWhatIsCompiled) {
+  EXPECT_THAT(sourcesOf({{"b/x.mm", ""}, {"c/y.cpp", ""}, {"a/y.h", ""}}), ElementsAre("c/y.cpp", "b/x.mm"));
 }
 
 TEST(SourceTree, TheFolderOfAPath) {
