@@ -92,15 +92,16 @@ JSONValue Connection::carryOut(const Command& command, std::chrono::milliseconds
       .body = command.method == "POST" ? JSONEncoder::encode(command.body) : "",
       .timeLimit = timeLimit,
   });
-  JSONValue document = decoded(reply);
-  const JSONValue* const value = memberOf(document, "value");
-  if (value == nullptr) {
+  JSONValue::Variant document = decoded(reply).variant();
+  auto* const members = std::get_if<JSONValue::Object>(&document);
+  const auto value = members == nullptr ? JSONValue::Object::iterator() : members->find("value");
+  if (members == nullptr || value == members->end()) {
     failAsNonsense(reply);
   }
   if (!isSuccess(reply.status)) {
-    failAsReported(reply, *value);
+    failAsReported(reply, value->second);
   }
-  return *value;
+  return std::move(value->second);
 }
 
 }  // namespace quobrak::webdriver

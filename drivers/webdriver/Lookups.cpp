@@ -74,7 +74,7 @@ std::optional<FoundElement> Lookups::rootElement(const QueryRoot& root) {
     }
     return atIndex(kept->second, 0);
   }
-  const std::vector<FoundElement> alerts = found({.key = SYSTEM_PROCESS, .element = ""}, "**/XCUIElementTypeAlert");
+  const std::vector<FoundElement>& alerts = found({.key = SYSTEM_PROCESS, .element = ""}, "**/XCUIElementTypeAlert");
   const auto same =
       std::find_if(alerts.begin(), alerts.end(), [&](const FoundElement& alert) { return alert.id == start->element; });
   return same == alerts.end() ? std::nullopt : std::optional(*same);
@@ -91,15 +91,16 @@ std::vector<FoundElement> Lookups::below(const FoundElement& element, ElementTyp
               classChain(XCUIElementQuery(ApplicationRoot{}).appending(DescendantsStep{type})), element.id);
 }
 
-std::vector<FoundElement> Lookups::found(const Start& start, const std::string& chain) {
-  const std::string key = start.key + ' ' + chain;
+const std::vector<FoundElement>& Lookups::found(const Start& start, const std::string& chain) {
+  std::string key = start.key + ' ' + chain;
   if (const auto kept = kept_.find(key); kept != kept_.end()) {
     return kept->second;
   }
   if (start.element.empty()) {
     session_.pin(start.key);
   }
-  return kept_.emplace(key, find(classChainStrategy(session_.dialect()), chain, start.element)).first->second;
+  return kept_.emplace(std::move(key), find(classChainStrategy(session_.dialect()), chain, start.element))
+      .first->second;
 }
 
 std::vector<FoundElement> Lookups::find(std::string_view strategy, const std::string& value,

@@ -59,7 +59,7 @@ class Lookups {
 
   std::optional<Start> startOf(const QueryRoot& root);
   std::optional<FoundElement> rootElement(const QueryRoot& root);
-  std::vector<FoundElement> found(const Start& start, const std::string& chain);
+  const std::vector<FoundElement>& found(const Start& start, const std::string& chain);
   std::vector<FoundElement> find(std::string_view strategy, const std::string& value, const std::string& element);
   JSONValue findOnce(std::string_view strategy, const std::string& value, const std::string& element);
   bool isStillTheSameSession();

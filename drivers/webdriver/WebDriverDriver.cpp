@@ -362,8 +362,10 @@ void WebDriverDriver::swipe(const XCUIElement& element, SwipeDirection direction
 
 Rect WebDriverDriver::screen() {
   if (screenGeneration_ != session_.generation() || screenGeneration_ == 0) {
-    const JSONValue rect = session_.ask(get("/window/rect"));
-    screen_ = rectIn(rect);
+    screen_ = rectIn(session_.ask(get("/window/rect")));
+    if (!(screen_.size.width > 0 && screen_.size.height > 0)) {
+      throw CommandError(Fault::nonsense, "the server says that the screen is empty");
+    }
     screenGeneration_ = session_.generation();
   }
   return screen_;

@@ -7,6 +7,10 @@
 #include <nlohmann/json.hpp>
 #include <utility>
 
+#if __has_include(<simdjson.h>)
+#include <simdjson.h>
+#endif
+
 namespace quobrak {
 
 namespace {
@@ -135,6 +139,81 @@ class ValueBuilder final : public nlohmann::json_sax<nlohmann::json> {
   JSONValue result_;
 };
 
+#if __has_include(<simdjson.h>)
+
+/// The value of an element that the fast parser has read; none for a number that we have no place for.
+std::optional<JSONValue> valueOf(const simdjson::dom::element& element);
+
+std::optional<JSONValue> arrayOf(const simdjson::dom::array& elements) {
+  JSONValue::Array array;
+  array.reserve(elements.size());
+  for (const simdjson::dom::element element : elements) {
+    std::optional<JSONValue> value = valueOf(element);
+    if (!value) {
+      return std::nullopt;
+    }
+    array.push_back(*std::move(value));
+  }
+  return array;
+}
+
+std::optional<JSONValue> objectOf(const simdjson::dom::object& members) {
+  JSONValue::Object object;
+  for (const simdjson::dom::key_value_pair& member : members) {
+    std::optional<JSONValue> value = valueOf(member.value);
+    if (!value) {
+      return std::nullopt;
+    }
+    object.insert_or_assign(std::string(member.key), *std::move(value));
+  }
+  return object;
+}
+
+std::optional<JSONValue> valueOf(const simdjson::dom::element& element) {
+  switch (element.type()) {
+    case simdjson::dom::element_type::ARRAY:
+      return arrayOf(element.get_array().value_unsafe());
+    case simdjson::dom::element_type::OBJECT:
+      return objectOf(element.get_object().value_unsafe());
+    case simdjson::dom::element_type::INT64:
+      return element.get_int64().value_unsafe();
+    case simdjson::dom::element_type::UINT64:
+      return std::nullopt;
+    case simdjson::dom::element_type::DOUBLE:
+      return element.get_double().value_unsafe();
+    case simdjson::dom::element_type::STRING:
+      return element.get_string().value_unsafe();
+    case simdjson::dom::element_type::BOOL:
+      return element.get_bool().value_unsafe();
+    case simdjson::dom::element_type::NULL_VALUE:
+      return JSONValue();
+  }
+  return std::nullopt;
+}
+
+/// What the text holds; none where there is anything wrong with it, or too much of it. The other parser tells what and
+/// where, and is slower: a screenshot comes as a text of megabytes, and a look-up falls into what is measured.
+std::optional<JSONValue> quicklyDecoded(std::string_view text) {
+  simdjson::dom::parser parser;
+  if (parser.allocate(text.size(), MAXIMUM_NESTING) != simdjson::SUCCESS) {
+    return std::nullopt;
+  }
+  simdjson::dom::element root;
+  if (parser.parse(text.data(), text.size()).get(root) != simdjson::SUCCESS) {
+    return std::nullopt;
+  }
+  return valueOf(root);
+}
+
+#else
+
+/// Where there is no fast parser, the other one does it all.
+std::optional<JSONValue> quicklyDecoded(std::string_view) {
+  return std::nullopt;
+}
+
+#endif
+
 nlohmann::json writable(const JSONValue& value);
 
 struct Writable {
@@ -214,6 +293,9 @@ std::string JSONEncoder::encode(const JSONValue& value) {
 }
 
 JSONValue JSONDecoder::decode(std::string_view text) {
+  if (std::optional<JSONValue> value = quicklyDecoded(text)) {
+    return *std::move(value);
+  }
   ValueBuilder builder(text);
   nlohmann::json::sax_parse(text, &builder);
   // The parser takes a NUL after the value for the end of the text.

@@ -6,6 +6,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -38,7 +39,8 @@ class JSONValue {
   JSONValue(Array value) : value_(std::move(value)) {}
   JSONValue(Object value) : value_(std::move(value)) {}
 
-  const Variant& variant() const { return value_; }
+  const Variant& variant() const& { return value_; }
+  Variant&& variant() && { return std::move(value_); }
 
   bool operator==(const JSONValue&) const = default;
 
