@@ -1,5 +1,6 @@
 #include "drivers/webdriver/ClassChain.h"
 
+#include <algorithm>
 #include <variant>
 
 #include "drivers/webdriver/WirePredicate.h"
@@ -69,7 +70,36 @@ class ChainText {
   bool endsInPick_ = false;
 };
 
+struct IsSame {
+  bool operator()(const DescendantsStep& one, const DescendantsStep& other) const { return one.type == other.type; }
+  /// Copies of a predicate share its tree.
+  bool operator()(const MatchingPredicateStep& one, const MatchingPredicateStep& other) const {
+    return &one.predicate.node() == &other.predicate.node();
+  }
+  bool operator()(const MatchingIdentifierStep& one, const MatchingIdentifierStep& other) const {
+    return one.identifier == other.identifier;
+  }
+  bool operator()(const ElementPick& one, const ElementPick& other) const { return indexOf(one) == indexOf(other); }
+  template <class One, class Other>
+  bool operator()(const One&, const Other&) const {
+    return false;
+  }
+};
+
+bool areSame(const std::vector<QueryStep>& ones, const std::vector<QueryStep>& others) {
+  return std::equal(ones.begin(), ones.end(), others.begin(), others.end(),
+                    [](const QueryStep& one, const QueryStep& other) { return std::visit(IsSame{}, one, other); });
+}
+
 }  // namespace
+
+const std::string& LastClassChain::of(const XCUIElementQuery& query) {
+  if (steps_.empty() || !areSame(steps_, query.steps())) {
+    chain_ = classChain(query);
+    steps_ = query.steps();
+  }
+  return chain_;
+}
 
 std::string classChain(const XCUIElementQuery& query) {
   ChainText chain;

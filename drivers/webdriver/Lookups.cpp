@@ -4,7 +4,6 @@
 #include <memory>
 #include <utility>
 
-#include "drivers/webdriver/ClassChain.h"
 #include "drivers/webdriver/CommandError.h"
 
 namespace quobrak::webdriver {
@@ -38,7 +37,7 @@ std::optional<Lookups::Start> Lookups::startOf(const QueryRoot& root) {
 
 std::vector<FoundElement> Lookups::all(const XCUIElementQuery& query) {
   const std::optional<Start> start = startOf(query.root());
-  return start ? found(*start, classChain(query)) : std::vector<FoundElement>();
+  return start ? found(*start, chain_.of(query)) : std::vector<FoundElement>();
 }
 
 std::optional<FoundElement> Lookups::one(const XCUIElement& element) {
@@ -49,7 +48,7 @@ std::optional<FoundElement> Lookups::one(const XCUIElement& element) {
   if (!start) {
     return std::nullopt;
   }
-  const std::string chain = classChain(element.query());
+  const std::string& chain = chain_.of(element.query());
   if (const auto kept = kept_.find(start->key + ' ' + chain); kept != kept_.end()) {
     return atIndex(kept->second, indexOf(*element.pick()));
   }

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "drivers/webdriver/Applications.h"
+#include "drivers/webdriver/ClassChain.h"
 #include "drivers/webdriver/FoundElement.h"
 #include "drivers/webdriver/Session.h"
 #include "platform/uiautomation/XCUIElement.h"
@@ -66,6 +67,7 @@ class Lookups {
 
   Session& session_;
   Applications& applications_;
+  LastClassChain chain_;
   std::map<std::string, std::vector<FoundElement>> kept_;
 };
 

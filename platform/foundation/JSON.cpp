@@ -194,8 +194,13 @@ std::optional<JSONValue> valueOf(const simdjson::dom::element& element) {
 /// What the text holds; none where there is anything wrong with it, or too much of it. The other parser tells what and
 /// where, and is slower: a screenshot comes as a text of megabytes, and a look-up falls into what is measured.
 std::optional<JSONValue> quicklyDecoded(std::string_view text) {
-  simdjson::dom::parser parser;
-  if (parser.allocate(text.size(), MAXIMUM_NESTING) != simdjson::SUCCESS) {
+  // Kept, because most texts are small and it is not: but not the room that a screenshot took.
+  thread_local simdjson::dom::parser parser;
+  constexpr std::size_t MOST_KEPT = 1 << 20;
+  if (parser.capacity() > MOST_KEPT) {
+    parser = simdjson::dom::parser();
+  }
+  if (parser.capacity() < text.size() && parser.allocate(text.size(), MAXIMUM_NESTING) != simdjson::SUCCESS) {
     return std::nullopt;
   }
   simdjson::dom::element root;

@@ -99,5 +99,37 @@ TEST(IndexOf, IsTheFirstWhereNoIndexIsNamed) {
   EXPECT_EQ(indexOf(SingleMatch{}), 0U);
 }
 
+TEST(LastClassChain, IsThatOfTheQueryItIsAskedFor) {
+  LastClassChain last;
+  const XCUIElementQuery root{QueryRoot(ApplicationRoot{"com.example.test"})};
+  const XCUIElementQuery all = root.appending(DescendantsStep{ElementType::any});
+  const XCUIElementQuery texts = root.appending(DescendantsStep{ElementType::staticText});
+  const XCUIElementQuery lamps = texts.matching(NSPredicate("label == \"Lamp\""));
+  const std::vector<XCUIElementQuery> queries{
+      all,
+      texts,
+      lamps,
+      texts.matching(NSPredicate("label == \"Rug\"")),
+      texts.matchingIdentifier("Lamp"),
+      texts.matchingIdentifier("Rug"),
+      texts.appending(ElementPick(AtIndex{1})).appending(DescendantsStep{ElementType::any}),
+      texts.appending(ElementPick(AtIndex{2})).appending(DescendantsStep{ElementType::any}),
+      lamps.appending(DescendantsStep{ElementType::any})};
+  for (const XCUIElementQuery& query : queries) {
+    EXPECT_EQ(last.of(query), classChain(query));
+    const XCUIElementQuery copy = query;
+    EXPECT_EQ(last.of(copy), classChain(query));
+  }
+}
+
+TEST(LastClassChain, AQueryThatCannotBeAskedChangesNothing) {
+  LastClassChain last;
+  const XCUIElementQuery root{QueryRoot(ApplicationRoot{"com.example.test"})};
+  const XCUIElementQuery all = root.appending(DescendantsStep{ElementType::any});
+  EXPECT_EQ(last.of(all), "**/*");
+  EXPECT_THROW(last.of(all.matching(NSPredicate("title == \"x\""))), UnaskableQuery);
+  EXPECT_EQ(last.of(all), "**/*");
+}
+
 }  // namespace
 }  // namespace quobrak::webdriver
