@@ -6,8 +6,8 @@
 #include <functional>
 #include <utility>
 
+#include "drivers/simulator/ElementAttributes.h"
 #include "drivers/simulator/HitTest.h"
-#include "drivers/simulator/Queries.h"
 #include "drivers/simulator/Rectangles.h"
 #include "drivers/simulator/Scrolling.h"
 #include "drivers/simulator/TextInput.h"
@@ -168,10 +168,10 @@ void Phone::swipe(const Element& element, SwipeDirection direction) {
 }
 
 void Phone::endScrolling(bool hasMoved) {
-  sleepFor(clock_, description_.scrollDelay);
   if (hasMoved) {
     ++revision_;
   }
+  sleepFor(clock_, description_.scrollDelay);
 }
 
 void Phone::tapOnAlert(const Element& touched) {
@@ -359,8 +359,9 @@ bool Phone::holds(const Rule& rule) const {
 void Phone::apply(const Rule& rule, const std::string& bundleIdentifier) {
   for (const Effect& effect : rule.effects) {
     std::visit([&](const auto& one) { carryOut(one, bundleIdentifier); }, effect);
+    // Before the next effect, in which time may pass.
+    ++revision_;
   }
-  ++revision_;
 }
 
 void Phone::carryOut(const ShowScreen& effect, const std::string& bundleIdentifier) {

@@ -103,7 +103,8 @@ class Phone {
   /// The trees on the screen, the first one at the bottom.
   std::vector<const Element*> layers() const;
 
-  /// Changes whenever what the screen shows may have changed.
+  /// Changes whenever what the screen shows, or anything in the tree of an application that runs, may have changed,
+  /// before time passes.
   std::uint64_t revision() const { return revision_; }
 
  private:

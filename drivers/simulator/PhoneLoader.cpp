@@ -5,8 +5,8 @@
 #include <initializer_list>
 #include <string_view>
 
+#include "drivers/simulator/ElementAttributes.h"
 #include "drivers/simulator/PageSource.h"
-#include "drivers/simulator/Queries.h"
 #include "platform/foundation/JSON.h"
 #include "platform/foundation/NSRegularExpression.h"
 

@@ -1,156 +1,107 @@
 #include "drivers/simulator/Queries.h"
 
-#include <string>
-#include <unordered_set>
+#include <cstddef>
 #include <variant>
+
+#include "drivers/simulator/PlaceSet.h"
+#include "drivers/simulator/PredicateSearch.h"
 
 namespace quobrak::simulator {
 
 namespace {
 
 using Elements = std::vector<const Element*>;
-using Value = KeyValueSource::Value;
-
-Value valueOf(const std::optional<std::string>& text) {
-  return text ? Value(std::string_view(*text)) : Value();
-}
-
-struct Attribute {
-  std::string_view key;
-  Value (*of)(const Element& element);
-  /// What an absent element has.
-  Value whereAbsent;
-};
-
-const Attribute ATTRIBUTES[] = {
-    {"label", [](const Element& element) { return Value(std::string_view(element.label)); }, std::string_view()},
-    {"identifier", [](const Element& element) { return Value(std::string_view(element.identifier)); },
-     std::string_view()},
-    {"placeholderValue", [](const Element& element) { return valueOf(element.placeholder); }, {}},
-    {"value", [](const Element& element) { return valueOf(element.value); }, {}},
-    {"enabled", [](const Element& element) { return Value(element.isEnabled); }, false},
-    {"selected", [](const Element& element) { return Value(element.isSelected); }, false},
-    {"exists", [](const Element&) { return Value(true); }, false},
-};
 
 /// Applies one step to the elements found so far.
 class StepApplication {
  public:
-  StepApplication(const Elements& found, const std::function<bool(const Element&)>& isHittable)
-      : found_(found), isHittable_(isHittable) {}
+  StepApplication(const ElementIndex& index, const PlaceSet& found,
+                  const std::function<bool(const Element&)>& isHittable)
+      : index_(index), found_(found), isHittable_(isHittable) {}
 
-  Elements operator()(const DescendantsStep& step) const {
-    Elements kept;
-    std::unordered_set<const Element*> walked;
-    for (const Element* root : found_) {
-      // What lies within an element that was walked already has been seen.
-      if (walked.contains(root)) {
-        continue;
-      }
-      forEachDescendant(*root, [&](const Element& element) {
-        if (found_.size() > 1) {
-          walked.insert(&element);
-        }
-        if (step.type == ElementType::any || element.type == step.type) {
-          kept.push_back(&element);
-        }
-      });
-    }
-    return kept;
+  PlaceSet operator()(const DescendantsStep& step) const { return index_.descendants(found_, step.type); }
+
+  PlaceSet operator()(const MatchingPredicateStep& step) const {
+    return PredicateSearch(step.predicate, isHittable_).matches(index_, found_);
   }
 
-  Elements operator()(const MatchingPredicateStep& step) const {
-    const PredicateEvaluator evaluator(step.predicate);
-    return keptIf([&](const Element& element) { return evaluator.evaluate(ElementAttributes(&element, isHittable_)); });
+  PlaceSet operator()(const MatchingIdentifierStep& step) const {
+    PlaceSet named = index_.texts(TextAttribute::identifier, TextForm::plain).equalTo(step.identifier);
+    named |= index_.texts(TextAttribute::label, TextForm::plain).equalTo(step.identifier);
+    return named &= found_;
   }
 
-  Elements operator()(const MatchingIdentifierStep& step) const {
-    return keptIf([&](const Element& element) {
-      return element.identifier == step.identifier || element.label == step.identifier;
-    });
-  }
-
-  Elements operator()(const ElementPick& pick) const {
+  PlaceSet operator()(const ElementPick& pick) const {
     const auto* const atIndex = std::get_if<AtIndex>(&pick);
-    const std::size_t index = atIndex == nullptr ? 0 : atIndex->index;
-    return index < found_.size() ? Elements{found_[index]} : Elements{};
+    const std::size_t wanted = atIndex == nullptr ? 0 : atIndex->index;
+    PlaceSet picked = index_.noPlace();
+    std::size_t count = 0;
+    found_.forEach([&](std::size_t place) {
+      if (count++ == wanted) {
+        picked.insert(place);
+      }
+    });
+    return picked;
   }
 
  private:
-  template <class Condition>
-  Elements keptIf(Condition condition) const {
-    Elements kept;
-    for (const Element* element : found_) {
-      if (condition(*element)) {
-        kept.push_back(element);
-      }
-    }
-    return kept;
-  }
-
-  const Elements& found_;
+  const ElementIndex& index_;
+  const PlaceSet& found_;
   const std::function<bool(const Element&)>& isHittable_;
 };
 
-}  // namespace
-
-KeyValueSource::Value ElementAttributes::valueForKey(std::string_view key) const {
-  if (key == "hittable") {
-    return element_ != nullptr && isHittable_(*element_);
-  }
-  for (const Attribute& attribute : ATTRIBUTES) {
-    if (attribute.key == key) {
-      return element_ == nullptr ? attribute.whereAbsent : attribute.of(*element_);
-    }
-  }
-  std::string known;
-  for (const Attribute& attribute : ATTRIBUTES) {
-    known += std::string(attribute.key) + ", ";
-  }
-  throw UnknownAttributeError("elements have no attribute \"" + std::string(key) + "\"; they have " + known +
-                              "hittable");
+PlaceSet rootOf(const ElementIndex& index) {
+  PlaceSet root = index.noPlace();
+  root.insert(0);
+  return root;
 }
 
-void requireKnownAttributes(const NSPredicate& predicate) {
-  if (const auto* const compound = std::get_if<NSPredicate::Compound>(&predicate.node())) {
-    for (const NSPredicate& part : compound->parts) {
-      requireKnownAttributes(part);
-    }
-    return;
+Elements elementsAt(const ElementIndex& index, const PlaceSet& places) {
+  Elements elements;
+  places.forEach([&](std::size_t place) { elements.push_back(&index.element(place)); });
+  return elements;
+}
+
+/// The query that finds the element alone, or nothing.
+XCUIElementQuery picking(const XCUIElement& element) {
+  return element.pick() ? element.query().appending(*element.pick()) : element.query();
+}
+
+}  // namespace
+
+std::shared_ptr<const ElementIndex> QueryEvaluator::indexOf(const Element& root) const {
+  if (!revision_) {
+    return std::make_shared<const ElementIndex>(root);
   }
-  const auto& comparison = std::get<NSPredicate::Comparison>(predicate.node());
-  const std::function<bool(const Element&)> never = [](const Element&) { return false; };
-  const ElementAttributes absent(nullptr, never);
-  for (const NSPredicate::Operand* const operand : {&comparison.left, &comparison.right}) {
-    if (const auto* const keyPath = std::get_if<NSPredicate::KeyPath>(operand)) {
-      absent.valueForKey(keyPath->name);
-    }
+  const std::uint64_t revision = revision_();
+  if (kept_.index == nullptr || kept_.rootNumber != root.number || kept_.revision != revision) {
+    kept_ = {std::make_shared<const ElementIndex>(root), root.number, revision};
   }
+  return kept_.index;
 }
 
 Elements QueryEvaluator::elements(const XCUIElementQuery& query, const Element& root) const {
-  Elements found{&root};
+  const auto index = indexOf(root);
+  PlaceSet found = rootOf(*index);
   for (const QueryStep& step : query.steps()) {
-    found = std::visit(StepApplication(found, isHittable_), step);
+    found = std::visit(StepApplication(*index, found, isHittable_), step);
   }
-  return found;
+  return elementsAt(*index, found);
 }
 
 const Element* QueryEvaluator::element(const XCUIElement& element, const Element& root) const {
-  Elements found = elements(element.query(), root);
-  if (element.pick()) {
-    found = StepApplication(found, isHittable_)(*element.pick());
-  }
+  const Elements found = elements(picking(element), root);
   return found.empty() ? nullptr : found.front();
 }
 
 std::vector<Elements> QueryEvaluator::stages(const XCUIElement& element, const Element& root) const {
-  std::vector<Elements> stages{{&root}};
-  for (const QueryStep& step : element.query().steps()) {
-    stages.push_back(std::visit(StepApplication(stages.back(), isHittable_), step));
-  }
-  if (element.pick()) {
-    stages.push_back(StepApplication(stages.back(), isHittable_)(*element.pick()));
+  const auto index = indexOf(root);
+  const XCUIElementQuery query = picking(element);
+  PlaceSet found = rootOf(*index);
+  std::vector<Elements> stages{elementsAt(*index, found)};
+  for (const QueryStep& step : query.steps()) {
+    found = std::visit(StepApplication(*index, found, isHittable_), step);
+    stages.push_back(elementsAt(*index, found));
   }
   return stages;
 }

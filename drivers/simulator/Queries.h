@@ -1,44 +1,27 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
-#include <stdexcept>
+#include <memory>
 #include <utility>
 #include <vector>
 
 #include "drivers/simulator/Element.h"
-#include "platform/foundation/PredicateEvaluator.h"
+#include "drivers/simulator/ElementIndex.h"
 #include "platform/uiautomation/XCUIElement.h"
 
 namespace quobrak::simulator {
 
-/// A predicate asks for an attribute that elements do not have.
-class UnknownAttributeError : public std::runtime_error {
- public:
-  using std::runtime_error::runtime_error;
-};
-
-/// An element as predicates see it; null is an absent one. Throws `UnknownAttributeError`.
-class ElementAttributes final : public KeyValueSource {
- public:
-  /// `isHittable` answers for the element whether it is hittable; it must outlive this object.
-  ElementAttributes(const Element* element, const std::function<bool(const Element&)>& isHittable)
-      : element_(element), isHittable_(isHittable) {}
-
-  Value valueForKey(std::string_view key) const override;
-
- private:
-  const Element* element_;
-  const std::function<bool(const Element&)>& isHittable_;
-};
-
-/// Throws `UnknownAttributeError` where the predicate asks for what elements do not have, whether or not its evaluation
-/// would ever come to that.
-void requireKnownAttributes(const NSPredicate& predicate);
-
 /// Evaluates queries over an element tree. Elements come in document order.
 class QueryEvaluator {
  public:
+  /// Keeps nothing from one query to the next.
   explicit QueryEvaluator(std::function<bool(const Element&)> isHittable) : isHittable_(std::move(isHittable)) {}
+
+  /// The index of the tree that was asked last serves until `revision` answers something else. That it must do after
+  /// every change of any tree that is asked.
+  QueryEvaluator(std::function<bool(const Element&)> isHittable, std::function<std::uint64_t()> revision)
+      : isHittable_(std::move(isHittable)), revision_(std::move(revision)) {}
 
   /// The elements that the query's steps keep, from `root` on. Throws `RegularExpressionError` and
   /// `UnknownAttributeError`.
@@ -51,7 +34,17 @@ class QueryEvaluator {
   std::vector<std::vector<const Element*>> stages(const XCUIElement& element, const Element& root) const;
 
  private:
+  struct Kept {
+    std::shared_ptr<const ElementIndex> index;
+    std::uint64_t rootNumber = 0;
+    std::uint64_t revision = 0;
+  };
+
+  std::shared_ptr<const ElementIndex> indexOf(const Element& root) const;
+
   std::function<bool(const Element&)> isHittable_;
+  std::function<std::uint64_t()> revision_;
+  mutable Kept kept_;
 };
 
 }  // namespace quobrak::simulator

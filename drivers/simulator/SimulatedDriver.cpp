@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "drivers/simulator/ElementAttributes.h"
 #include "drivers/simulator/ElementDescription.h"
 #include "drivers/simulator/HitTest.h"
 #include "drivers/simulator/Rectangles.h"
@@ -70,7 +71,7 @@ class SimulatedDriver::Operation {
 SimulatedDriver::SimulatedDriver(PhoneDescription phone, Clock& clock)
     : clock_(clock),
       phone_(std::move(phone), clock),
-      queries_([this](const Element& element) { return isHittableNow(element); }),
+      queries_([this](const Element& element) { return isHittableNow(element); }, [this] { return phone_.revision(); }),
       painter_(phone_.description().size, phone_.description().scale) {}
 
 void SimulatedDriver::launch(const std::string& bundleIdentifier) {
@@ -185,7 +186,7 @@ void SimulatedDriver::press(const XCUIElement& element, Seconds duration) {
 }
 
 void SimulatedDriver::touch(const Operation& operation, const XCUIElement& element, Seconds duration) {
-  dealWithAlerts();
+  dealWithAlerts(operation, element);
   const std::optional<Point> point = hitPoint(required(operation, element));
   if (!point) {
     operation.fail("no part of it is on the screen");
@@ -194,16 +195,16 @@ void SimulatedDriver::touch(const Operation& operation, const XCUIElement& eleme
 }
 
 void SimulatedDriver::typeText(const XCUIElement& element, std::string_view text) {
-  dealWithAlerts();
   const Operation operation("typeText", element);
+  dealWithAlerts(operation, element);
   if (!operation.guarded([&] { return phone_.type(required(operation, element), text); })) {
     operation.fail("neither it nor anything in it has the keyboard's focus");
   }
 }
 
 void SimulatedDriver::swipe(const XCUIElement& element, SwipeDirection direction) {
-  dealWithAlerts();
   const Operation operation("swipe", element);
+  dealWithAlerts(operation, element);
   const Element& swiped = required(operation, element);
   if (!hitPoint(swiped)) {
     operation.fail("no part of it is on the screen");
@@ -220,7 +221,7 @@ void SimulatedDriver::press(const XCUICoordinate& point, Seconds duration) {
 }
 
 void SimulatedDriver::touch(const Operation& operation, const XCUICoordinate& point, Seconds duration) {
-  dealWithAlerts();
+  dealWithAlerts(operation, point.referencedElement());
   const Point onScreen = screenPoint(operation, point);
   operation.guarded([&] { phone_.touch(onScreen, duration); });
 }
@@ -230,8 +231,8 @@ Point SimulatedDriver::screenPoint(const Operation& operation, const XCUICoordin
 }
 
 void SimulatedDriver::pressThenDrag(const XCUICoordinate& from, Seconds duration, const XCUICoordinate& to) {
-  dealWithAlerts();
   const Operation operation("pressThenDrag", from);
+  dealWithAlerts(operation, from.referencedElement());
   const Point start = screenPoint(operation, from);
   const Point end = screenPoint({"pressThenDrag", to}, to);
   operation.guarded([&] { phone_.drag(start, duration, end); });
@@ -284,8 +285,13 @@ void SimulatedDriver::removeInterruptionMonitor(InterruptionMonitorToken token) 
   monitors_.remove(token);
 }
 
-void SimulatedDriver::dealWithAlerts() {
-  monitors_.dealWith([this] { return blockingAlert(); });
+void SimulatedDriver::dealWithAlerts(const Operation& operation, const XCUIElement& target) {
+  monitors_.dealWith([&] { return isInAlert(operation, target) ? std::nullopt : blockingAlert(); });
+}
+
+bool SimulatedDriver::isInAlert(const Operation& operation, const XCUIElement& target) const {
+  const Element* const element = phone_.alert() == nullptr ? nullptr : found(operation, target);
+  return element != nullptr && isWithin(*element, *phone_.alert()->window);
 }
 
 std::optional<XCUIElement> SimulatedDriver::blockingAlert() {

@@ -15,8 +15,8 @@
 
 namespace quobrak::simulator {
 
-/// Drives the simulated phone. Queries are evaluated in memory, anew in each primitive, so nothing needs to be kept
-/// from a look-up.
+/// Drives the simulated phone. Queries are evaluated in memory, anew in each primitive, so nothing that one found needs
+/// to be kept; the tree is indexed for them once after it has changed.
 ///
 /// The home application always runs: it cannot be ended, and a launch brings it to the front as it is.
 ///
@@ -71,7 +71,9 @@ class SimulatedDriver final : public UIDriver {
   void touch(const Operation& operation, const XCUIElement& element, Seconds duration);
   void touch(const Operation& operation, const XCUICoordinate& point, Seconds duration);
   Point screenPoint(const Operation& operation, const XCUICoordinate& point) const;
-  void dealWithAlerts();
+  /// `target` is what is about to be acted on.
+  void dealWithAlerts(const Operation& operation, const XCUIElement& target);
+  bool isInAlert(const Operation& operation, const XCUIElement& target) const;
   std::optional<XCUIElement> blockingAlert();
 
   Clock& clock_;

@@ -16,6 +16,10 @@ JSONValue::Object named(const std::string& bundleIdentifier) {
 }  // namespace
 
 void Applications::end(const std::string& bundleIdentifier) {
+  // With it the whole phone would lose its screen.
+  if (bundleIdentifier == SYSTEM_PROCESS) {
+    return;
+  }
   // Before the command: where that fails, nobody knows what it did.
   forget();
   if (front_ == bundleIdentifier) {

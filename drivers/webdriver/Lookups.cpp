@@ -25,6 +25,11 @@ void Lookups::forget() {
   applications_.forget();
 }
 
+void Lookups::lookInto(const QueryRoot& root) {
+  const auto* const application = std::get_if<ApplicationRoot>(&root);
+  session_.pin(application == nullptr ? SYSTEM_PROCESS : application->bundleIdentifier);
+}
+
 std::optional<Lookups::Start> Lookups::startOf(const QueryRoot& root) {
   if (const auto* const application = std::get_if<ApplicationRoot>(&root)) {
     const std::string& identifier = application->bundleIdentifier;

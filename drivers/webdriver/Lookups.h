@@ -13,9 +13,6 @@
 
 namespace quobrak::webdriver {
 
-/// The home screen's process, whose elements the alerts of the system are.
-inline constexpr const char* SYSTEM_PROCESS = "com.apple.springboard";
-
 /// An alert of the system that a handler is asked about. One alert has one id.
 class AlertHandle final : public ElementHandle {
  public:
@@ -47,6 +44,10 @@ class Lookups {
 
   /// The alert of the system that is in front; none where none is up. Throws `CommandError`.
   std::optional<FoundElement> systemAlert();
+
+  /// Makes the server look into the application that a query with that root asks. What was found before may still be
+  /// kept, and then another application was perhaps looked into since. Throws `CommandError`.
+  void lookInto(const QueryRoot& root);
 
   void forget();
 

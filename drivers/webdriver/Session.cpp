@@ -90,23 +90,27 @@ JSONValue Session::ask(const CommandInSession& command, Names names) {
 }
 
 JSONValue Session::ask(const CommandInSession& command, std::chrono::milliseconds timeLimit, Names names) {
-  const int generation = generation_;
+  try {
+    return askOnce(command, timeLimit, names);
+  } catch (const CommandError& error) {
+    if (error.fault() != Fault::notSent && error.fault() != Fault::outcomeUnknown) {
+      throw;
+    }
+  }
+  return askOnce(command, timeLimit, names);
+}
+
+JSONValue Session::askOnce(const CommandInSession& command, std::chrono::milliseconds timeLimit, Names names) {
   try {
     return connection_.carryOut(command(opened()), timeLimit);
   } catch (const CommandError& error) {
-    switch (error.fault()) {
-      case Fault::sessionLost:
-        lose();
-        break;
-      case Fault::notSent:
-      case Fault::outcomeUnknown:
-        break;
-      default:
-        throw;
+    if (error.fault() != Fault::sessionLost) {
+      throw;
     }
   }
+  lose();
   opened();
-  if (generation_ != generation && generation != 0 && names == Names::anElement) {
+  if (names == Names::anElement) {
     throw CommandError(Fault::staleElement, "the server lost the session in which the element was found");
   }
   return connection_.carryOut(command(opened()), timeLimit);
@@ -114,19 +118,34 @@ JSONValue Session::ask(const CommandInSession& command, std::chrono::millisecond
 
 JSONValue Session::act(const CommandInSession& command, std::chrono::milliseconds timeLimit) {
   try {
-    return connection_.carryOut(command(opened()), timeLimit);
+    return actOnce(command, timeLimit);
   } catch (const CommandError& error) {
-    if (error.fault() == Fault::sessionLost) {
-      lose();
-      throw CommandError(
-          Fault::sessionLost,
-          std::string("the server lost the session, so it is not known whether this was done (") + error.what() + ")");
-    }
     if (error.fault() != Fault::notSent) {
       throw;
     }
   }
-  return connection_.carryOut(command(opened()), timeLimit);
+  return actOnce(command, timeLimit);
+}
+
+JSONValue Session::actOnce(const CommandInSession& command, std::chrono::milliseconds timeLimit) {
+  // Where no session can be opened, nothing was done.
+  const Command inSession = command(opened());
+  try {
+    return connection_.carryOut(inSession, timeLimit);
+  } catch (const CommandError& error) {
+    constexpr const char* UNKNOWN = "so it is not known whether this was done";
+    const std::string reason = error.what();
+    switch (error.fault()) {
+      case Fault::sessionLost:
+        lose();
+        throw CommandError(Fault::sessionLost,
+                           std::string("the server lost the session, ") + UNKNOWN + " (" + reason + ")");
+      case Fault::outcomeUnknown:
+        throw CommandError(Fault::outcomeUnknown, reason + ", " + UNKNOWN);
+      default:
+        throw;
+    }
+  }
 }
 
 JSONValue Session::askWithoutSession(const Command& command) {

@@ -39,7 +39,8 @@ class Session {
   JSONValue ask(const CommandInSession& command, std::chrono::milliseconds timeLimit, Names names = Names::nothing);
 
   /// Carries out a command that does something: it is sent again only where it surely did not reach the server. Throws
-  /// `CommandError`, also where the session is lost; the next command then finds a new one.
+  /// `CommandError`, which says so where nobody knows whether it was carried out; that is so too where the session is
+  /// lost, and the next command then finds a new one.
   JSONValue act(const CommandInSession& command, std::chrono::milliseconds timeLimit);
 
   /// Asks outside the session. Throws `CommandError`.
@@ -49,6 +50,8 @@ class Session {
   void pin(const std::string& bundleIdentifier);
 
  private:
+  JSONValue askOnce(const CommandInSession& command, std::chrono::milliseconds timeLimit, Names names);
+  JSONValue actOnce(const CommandInSession& command, std::chrono::milliseconds timeLimit);
   const std::string& opened();
   void open();
   void lose();

@@ -39,6 +39,11 @@ bool isIn(const Rect& rect, Point point) {
          point.y < rect.origin.y + rect.size.height;
 }
 
+Point nearestIn(const Rect& rect, Point point) {
+  return {std::clamp(point.x, rect.origin.x, rect.origin.x + rect.size.width),
+          std::clamp(point.y, rect.origin.y, rect.origin.y + rect.size.height)};
+}
+
 std::string_view nameOf(SwipeDirection direction) {
   switch (direction) {
     case SwipeDirection::up:
@@ -274,7 +279,7 @@ FoundElement WebDriverDriver::required(const Operation& operation, const XCUIEle
 template <class Act>
 void WebDriverDriver::actOn(const Operation& operation, const XCUIElement& element, const Act& act) {
   operation.guarded([&] {
-    dealWithAlerts();
+    dealWithAlerts(element);
     const FoundElement found = required(operation, element);
     lookups_.forget();
     try {
@@ -319,6 +324,7 @@ void WebDriverDriver::typeText(const XCUIElement& element, std::string_view text
 /// A server would tap an element without the focus, which the platform does not.
 void WebDriverDriver::type(const Operation& operation, const XCUIElement& element, const FoundElement& found,
                            std::string_view text) {
+  lookups_.lookInto(element.query().root());
   const std::optional<FoundElement> active = focused();
   if (!active || !isOrContains(element, found, *active)) {
     operation.fail("neither it nor anything in it has the keyboard's focus");
@@ -371,18 +377,22 @@ Rect WebDriverDriver::screen() {
   return screen_;
 }
 
-std::optional<Point> WebDriverDriver::onScreen(const Operation& operation, const XCUICoordinate& point) {
+std::optional<Point> WebDriverDriver::placeOf(const Operation& operation, const XCUICoordinate& point) {
   const Rect frame = required(operation, point.referencedElement()).frame;
   const NormalizedOffset offset = point.normalizedOffset();
   const Point place{frame.origin.x + offset.dx * frame.size.width, frame.origin.y + offset.dy * frame.size.height};
-  const bool isFinite = std::isfinite(place.x) && std::isfinite(place.y);
-  return isFinite && isIn(screen(), place) ? std::optional(place) : std::nullopt;
+  return std::isfinite(place.x) && std::isfinite(place.y) ? std::optional(place) : std::nullopt;
+}
+
+std::optional<Point> WebDriverDriver::onScreen(const Operation& operation, const XCUICoordinate& point) {
+  const std::optional<Point> place = placeOf(operation, point);
+  return place && isIn(screen(), *place) ? place : std::nullopt;
 }
 
 void WebDriverDriver::tap(const XCUICoordinate& point) {
   const Operation tapping = operationOn("tap", point);
   tapping.guarded([&] {
-    dealWithAlerts();
+    dealWithAlerts(point.referencedElement());
     const std::optional<Point> place = onScreen(tapping, point);
     lookups_.forget();
     if (place) {
@@ -395,7 +405,7 @@ void WebDriverDriver::press(const XCUICoordinate& point, Seconds duration) {
   const Operation pressing = operationOn("press", point);
   const Seconds held = bounded(duration);
   pressing.guarded([&] {
-    dealWithAlerts();
+    dealWithAlerts(point.referencedElement());
     const std::optional<Point> place = onScreen(pressing, point);
     lookups_.forget();
     if (!place) {
@@ -414,16 +424,16 @@ void WebDriverDriver::pressThenDrag(const XCUICoordinate& from, Seconds duration
   const Operation dropping = operationOn("pressThenDrag", to);
   const Seconds held = bounded(duration);
   dragging.guarded([&] {
-    dealWithAlerts();
+    dealWithAlerts(from.referencedElement());
     const std::optional<Point> start = onScreen(dragging, from);
-    const std::optional<Point> end = onScreen(dropping, to);
+    const std::optional<Point> end = placeOf(dropping, to);
     lookups_.forget();
     if (!start) {
       sleepFor(clock_, held);
       return;
     }
     // A drag to nowhere is a press that is lifted where it is.
-    const Point destination = end.value_or(*start);
+    const Point destination = end ? nearestIn(screen(), *end) : *start;
     carryOut(Verb::drag,
              {{"duration", held.count()},
               {"fromX", start->x},
@@ -471,6 +481,7 @@ std::string WebDriverDriver::debugDescription(const XCUIElement& element) {
 std::string WebDriverDriver::describedBelow(const XCUIElement& element, const FoundElement& found) {
   const bool isApplication = !element.pick() && std::holds_alternative<ApplicationRoot>(element.query().root());
   if (isApplication) {
+    lookups_.lookInto(element.query().root());
     const JSONValue tree = session_.ask(
         [&](const std::string& session) { return commandFor(session_.dialect(), Verb::describeScreen, session, {}); });
     return description(found, textIn(tree)) + queryChain(element);
@@ -489,8 +500,24 @@ void WebDriverDriver::removeInterruptionMonitor(InterruptionMonitorToken token) 
   monitors_.remove(token);
 }
 
-void WebDriverDriver::dealWithAlerts() {
-  monitors_.dealWith([this] { return blockingAlert(); });
+void WebDriverDriver::dealWithAlerts(const XCUIElement& target) {
+  monitors_.dealWith([&] { return alertBlocking(target); });
+}
+
+/// Whether what is about to be acted on is the alert or something in it.
+bool WebDriverDriver::isPartOf(const FoundElement& alert, const XCUIElement& target) {
+  const auto* const application = std::get_if<ApplicationRoot>(&target.query().root());
+  if (application != nullptr && application->bundleIdentifier != SYSTEM_PROCESS) {
+    return false;
+  }
+  const std::optional<FoundElement> found = lookups_.one(target);
+  if (!found) {
+    return false;
+  }
+  const std::vector<FoundElement> inAlert = lookups_.below(alert, found->type);
+  return found->id == alert.id || std::any_of(inAlert.begin(), inAlert.end(), [&found](const FoundElement& candidate) {
+           return candidate.id == found->id;
+         });
 }
 
 /// An alert of any kind, at the price of one exchange.
@@ -512,9 +539,9 @@ bool WebDriverDriver::mayAnAlertBeUp() {
   }
 }
 
-std::optional<XCUIElement> WebDriverDriver::blockingAlert() {
+std::optional<XCUIElement> WebDriverDriver::alertBlocking(const XCUIElement& target) {
   const std::optional<FoundElement> alert = mayAnAlertBeUp() ? lookups_.systemAlert() : std::nullopt;
-  if (!alert) {
+  if (!alert || isPartOf(*alert, target)) {
     return std::nullopt;
   }
   if (alertHandle_ == nullptr || alertHandle_->id() != alert->id) {

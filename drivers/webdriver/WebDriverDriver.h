@@ -83,8 +83,10 @@ class WebDriverDriver final : public UIDriver {
   template <class Target>
   Operation operationOn(std::string_view name, const Target& target) const;
 
-  void dealWithAlerts();
-  std::optional<XCUIElement> blockingAlert();
+  /// `target` is what is about to be acted on.
+  void dealWithAlerts(const XCUIElement& target);
+  std::optional<XCUIElement> alertBlocking(const XCUIElement& target);
+  bool isPartOf(const FoundElement& alert, const XCUIElement& target);
   bool mayAnAlertBeUp();
 
   /// What `ask` tells of the element, or the answer of absent ones.
@@ -101,6 +103,8 @@ class WebDriverDriver final : public UIDriver {
   bool isOrContains(const XCUIElement& element, const FoundElement& found, const FoundElement& active);
   std::optional<FoundElement> focused();
   Rect screen();
+  /// None where the point is not finite.
+  std::optional<Point> placeOf(const Operation& operation, const XCUICoordinate& point);
   /// None where the point lies on nothing.
   std::optional<Point> onScreen(const Operation& operation, const XCUICoordinate& point);
   std::string describedBelow(const XCUIElement& element, const FoundElement& found);

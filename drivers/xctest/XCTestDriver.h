@@ -80,6 +80,7 @@ class XCTestDriver final : public UIDriver {
   ::XCUIApplication* home();
   bool isOnScreen(Point point, const XCUIElement& reference);
   ::XCUICoordinate* platformPoint(const Operation& operation, const XCUICoordinate& point);
+  ::XCUICoordinate* platformDestination(const Operation& operation, const XCUICoordinate& point);
   template <class Action>
   void actAtPoint(const Operation& operation, const XCUICoordinate& point, Seconds duration, Action action);
 

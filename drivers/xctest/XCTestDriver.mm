@@ -272,6 +272,25 @@ bool XCTestDriver::isOnScreen(Point point, const XCUIElement& reference) {
   return [reference coordinateWithNormalizedOffset:CGVectorMake(offset.dx, offset.dy)];
 }
 
+/// Where a drag to the point ends: at the edge of the screen where the point lies beyond it. Nil where it is not finite.
+::XCUICoordinate* XCTestDriver::platformDestination(const Operation& operation, const XCUICoordinate& point) {
+  ::XCUIElement* const reference = required(operation, point.referencedElement()).element;
+  const Point place = pointAt(rectOf([reference frame]), point.normalizedOffset());
+  if (!std::isfinite(place.x) || !std::isfinite(place.y)) {
+    return nil;
+  }
+  const auto* const root = std::get_if<ApplicationRoot>(&point.referencedElement().query().root());
+  ::XCUIElement* const whole = root == nullptr ? home() : applications_.named(root->bundleIdentifier);
+  const Rect screen = rectOf([whole frame]);
+  if (!(screen.size.width > 0 && screen.size.height > 0)) {
+    return nil;
+  }
+  return [whole coordinateWithNormalizedOffset:CGVectorMake(
+                                                   std::clamp((place.x - screen.origin.x) / screen.size.width, 0.0, 1.0),
+                                                   std::clamp((place.y - screen.origin.y) / screen.size.height, 0.0,
+                                                              1.0))];
+}
+
 /// A touch that lands on nothing takes its time all the same.
 template <class Action>
 void XCTestDriver::actAtPoint(const Operation& operation, const XCUICoordinate& point, Seconds duration,
@@ -299,7 +318,7 @@ void XCTestDriver::pressThenDrag(const XCUICoordinate& from, Seconds duration, c
   const Operation dragging = operation("pressThenDrag", from);
   actAtPoint(dragging, from, duration, [&](::XCUICoordinate* found) {
     // A drag to nowhere is a press that is lifted where it is.
-    ::XCUICoordinate* const destination = platformPoint(operation("pressThenDrag", to), to);
+    ::XCUICoordinate* const destination = platformDestination(operation("pressThenDrag", to), to);
     if (destination == nil) {
       [found pressForDuration:saturated(duration)];
     } else {

@@ -152,11 +152,10 @@ class Containment final : public Comparison {
 class Pattern {
  public:
   Pattern(std::string_view pattern, bool ignoresCase) : ignoresCase_(ignoresCase) {
-    constexpr std::string_view SPECIAL_CHARACTERS = R"(\^$.|?*+()[]{})";
-    if (pattern.find_first_of(SPECIAL_CHARACTERS) != pattern.npos) {
-      expression_.emplace((ignoresCase ? "(?i)" : "") + std::string(pattern));
-    } else {
+    if (matchesOnlyItself(pattern)) {
       word_ = ignoresCase ? caseFolded(pattern).text : pattern;
+    } else {
+      expression_.emplace((ignoresCase ? "(?i)" : "") + std::string(pattern));
     }
   }
 
@@ -206,6 +205,11 @@ std::unique_ptr<const Condition> prepared(const NSPredicate& predicate) {
 }
 
 }  // namespace
+
+bool matchesOnlyItself(std::string_view pattern) {
+  constexpr std::string_view SPECIAL_CHARACTERS = R"(\^$.|?*+()[]{})";
+  return pattern.find_first_of(SPECIAL_CHARACTERS) == pattern.npos;
+}
 
 struct PredicateEvaluator::Plan {
   std::unique_ptr<const Condition> condition;

@@ -20,6 +20,10 @@ class KeyValueSource {
   virtual Value valueForKey(std::string_view key) const = 0;
 };
 
+/// Whether a text matches the pattern of a MATCHES only where it equals it, with `[c]` without regard to case: the
+/// pattern holds no character that means something in a regular expression.
+bool matchesOnlyItself(std::string_view pattern);
+
 /// Evaluates one predicate over many elements: needles are folded and patterns compiled once, at construction.
 ///
 /// A missing value equals only another missing value, and CONTAINS and MATCHES are false for it. Values of different

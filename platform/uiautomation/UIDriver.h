@@ -46,8 +46,9 @@ enum class InterruptionMonitorToken : std::uint64_t {};
 ///
 /// **Interruptions.** Every acting primitive first deals with an alert of the system process that is up: the handlers
 /// are asked, last registered first, until one answers true; then it acts. Where none does, the touch lands on the
-/// alert. An alert of the system process does not make another application's element unhittable. Questions, waits and
-/// device primitives never call handlers, nor does an action made inside a handler.
+/// alert. What acts on the alert itself, or on something in it, is not interrupted by it. An alert of the system
+/// process does not make another application's element unhittable. Questions, waits and device primitives never call
+/// handlers, nor does an action made inside a handler.
 ///
 /// **Cost.** What one look-up found may serve the questions and the action that follow it, until the next action, wait
 /// or `forgetLookups`. So a look-up is one exchange with the phone, and the questions after it are none.
@@ -109,7 +110,8 @@ class UIDriver {
   /// Blocks for the duration; one of 0 or less, or not a number, is 0.
   virtual void press(const XCUICoordinate& point, Seconds duration) = 0;
 
-  /// Holds the first point for the duration, then moves to the second and lifts.
+  /// Holds the first point for the duration, then moves to the second and lifts: at the edge of the screen where that
+  /// lies beyond it.
   virtual void pressThenDrag(const XCUICoordinate& from, Seconds duration, const XCUICoordinate& to) = 0;
 
   // The device.

@@ -166,5 +166,19 @@ TEST_F(Actions, ADragMovesTheContentWithTheFinger) {
   EXPECT_EQ(named("top").frame(), (Rect{{0, 70}, {100, 30}}));
 }
 
+TEST_F(Actions, ADragEndsAtTheEdgeOfTheScreenWhereItLeadsBeyond) {
+  start(PAGE);
+  named("list").coordinate({0.5, 0.5}).pressThenDrag(0s, APP.coordinate({0.5, -0.5}));
+  EXPECT_EQ(named("bottom").frame(), (Rect{{0, 100}, {100, 30}}));
+}
+
+TEST_F(Actions, ADragToNowhereLeavesTheFingerWhereItIs) {
+  start(PAGE);
+  for (const NormalizedOffset offset : {NormalizedOffset{NOT_A_NUMBER, 0.5}, NormalizedOffset{0.5, INFINITE}}) {
+    named("list").coordinate({0.5, 0.5}).pressThenDrag(0s, APP.coordinate(offset));
+  }
+  EXPECT_EQ(named("top").frame(), (Rect{{0, 70}, {100, 30}}));
+}
+
 }  // namespace
 }  // namespace quobrak::conformance

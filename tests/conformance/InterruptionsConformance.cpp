@@ -103,6 +103,16 @@ TEST_F(Interruptions, AnActionMadeInsideAHandlerAsksNobody) {
   EXPECT_TRUE(isOn()) << "the handler's own taps landed on the alerts";
 }
 
+TEST_F(Interruptions, WhatActsOnTheAlertItselfIsNotInterruptedByIt) {
+  add("presser", press);
+  HOME.buttons()["OK"].tap();
+  EXPECT_EQ(alertThatIsUp(), "first");
+  HOME.buttons()["Yes"].press(1s);
+  EXPECT_EQ(alertThatIsUp(), "none");
+  EXPECT_THAT(asked_, IsEmpty());
+  EXPECT_THAT(touched, ElementsAre("OK", "Yes"));
+}
+
 TEST_F(Interruptions, QuestionsWaitsAndTheDeviceAskNobody) {
   add("presser", press);
   const XCUIElement element = named("switch");

@@ -42,14 +42,15 @@ struct Library {
 
 const std::vector<Library>& libraries() {
   static const std::vector<Library> LIBRARIES{
-      {{"unicode/"}, {"platform/foundation/icu/", "tests/drivers/xctest/standins/"}},
-      {{"Foundation/", "XCTest/", "objc/", "Block.h"}, {"drivers/xctest/", "tests/drivers/xctest/"}},
+      {{"unicode/"}, {"platform/foundation/icu/", "tests/drivers/xctest/standins/", "benchmarks/"}},
+      {{"Foundation/", "XCTest/", "objc/", "Block.h"}, {"drivers/xctest/", "tests/drivers/xctest/", "benchmarks/"}},
       {{"nlohmann/", "simdjson.h"}, {"platform/foundation/JSON.cpp"}},
       {{"cairo", "ft2build.h", "FT_FREETYPE_H", "freetype/", "png.h"},
        {"drivers/simulator/", "tests/drivers/simulator/", "benchmarks/"}},
       {{"pugixml.hpp"},
        {"drivers/simulator/", "phoneserver/", "tests/drivers/simulator/", "tests/phoneserver/", "benchmarks/"}},
       {{"CLI/"}, {"phoneserver/"}},
+      {{"libxml/"}, {"benchmarks/"}},
       {{"curl/"}, {"drivers/webdriver/", "benchmarks/"}},
       {{"httplib.h"}, {"phoneserver/", "tests/conformance/", "tests/drivers/webdriver/", "tests/phoneserver/"}},
       {{"sodium.h"}, {"drivers/webdriver/", "phoneserver/"}},

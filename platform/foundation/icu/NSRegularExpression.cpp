@@ -135,18 +135,37 @@ struct NSRegularExpression::Compiled {
     UErrorCode status = U_ZERO_ERROR;
     matcher.reset(pattern->matcher(status));
     requireSuccess(status);
+    setLimits(TIME_LIMIT, STACK_LIMIT, status);
+    requireSuccess(status);
   }
 
-  /// The matcher on a new input, which must live until the search is over. A limit of 0 is none.
-  icu::RegexMatcher& matcherOn(std::string_view input, std::int32_t timeLimit, std::int32_t stackLimit) const {
+  /// The matcher on a new input, which must live until the search is over. Nothing limits it.
+  icu::RegexMatcher& matcherOn(std::string_view input) {
     UErrorCode status = U_ZERO_ERROR;
-    matcher->setTimeLimit(timeLimit, status);
-    matcher->setStackLimit(stackLimit, status);
+    setLimits(0, 0, status);
     const icu::LocalUTextPointer bytes(
         utext_openUTF8(nullptr, input.data(), static_cast<std::int64_t>(input.size()), &status));
     requireSuccess(status);
     matcher->reset(bytes.getAlias());
     return *matcher;
+  }
+
+  /// The matcher on a new input, of which it makes a copy that it reads faster. It has its limits.
+  icu::RegexMatcher& matcherOnCopyOf(std::string_view input) {
+    UErrorCode status = U_ZERO_ERROR;
+    setLimits(TIME_LIMIT, STACK_LIMIT, status);
+    requireSuccess(status);
+    copy = icu::UnicodeString::fromUTF8({input.data(), static_cast<std::int32_t>(input.size())});
+    matcher->reset(copy);
+    return *matcher;
+  }
+
+  void setLimits(std::int32_t timeLimit, std::int32_t stackLimit, UErrorCode& status) const {
+    // Setting them makes the matcher's stack anew.
+    if (matcher->getTimeLimit() != timeLimit) {
+      matcher->setTimeLimit(timeLimit, status);
+      matcher->setStackLimit(stackLimit, status);
+    }
   }
 
   void requireSuccess(UErrorCode status) const {
@@ -158,6 +177,7 @@ struct NSRegularExpression::Compiled {
   std::string text;
   std::unique_ptr<const icu::RegexPattern> pattern;
   std::unique_ptr<icu::RegexMatcher> matcher;
+  icu::UnicodeString copy;
 };
 
 NSRegularExpression::NSRegularExpression(std::string_view pattern) : compiled_(std::make_unique<Compiled>(pattern)) {}
@@ -169,7 +189,7 @@ NSRegularExpression& NSRegularExpression::operator=(NSRegularExpression&&) noexc
 std::optional<std::string_view> NSRegularExpression::firstMatch(std::string_view text,
                                                                 std::size_t searchedUTF16Units) const {
   const std::string_view searched = text.substr(0, bytesInUTF16Units(text, searchedUTF16Units));
-  icu::RegexMatcher& matcher = compiled_->matcherOn(searched, 0, 0);
+  icu::RegexMatcher& matcher = compiled_->matcherOn(searched);
   UErrorCode status = U_ZERO_ERROR;
   const bool isFound = matcher.find(status);
   compiled_->requireSuccess(status);
@@ -184,7 +204,7 @@ std::optional<std::string_view> NSRegularExpression::firstMatch(std::string_view
 
 bool NSRegularExpression::matchesWhole(std::string_view text) const {
   UErrorCode status = U_ZERO_ERROR;
-  const bool isMatch = compiled_->matcherOn(text, TIME_LIMIT, STACK_LIMIT).matches(status);
+  const bool isMatch = compiled_->matcherOnCopyOf(text).matches(status);
   compiled_->requireSuccess(status);
   return isMatch;
 }

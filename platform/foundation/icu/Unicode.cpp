@@ -1,6 +1,7 @@
 #include "platform/foundation/Unicode.h"
 
 #include <unicode/brkiter.h>
+#include <unicode/bytestream.h>
 #include <unicode/casemap.h>
 #include <unicode/locid.h>
 #include <unicode/uchar.h>
@@ -169,6 +170,41 @@ void appendFolded(std::string_view character, FoldedText& result) {
   result.text += folded;
 }
 
+char lowercasedASCII(char character) {
+  return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a') : character;
+}
+
+void foldOneByOne(std::string_view text, FoldedText& result) {
+  std::size_t position = 0;
+  while (position < text.size()) {
+    const char first = text[position];
+    if (U8_IS_SINGLE(first)) {
+      result.text += lowercasedASCII(first);
+      ++position;
+      continue;
+    }
+    const std::size_t begin = position;
+    nextCharacter(text, position);
+    appendFolded(text.substr(begin, position - begin), result);
+  }
+}
+
+std::string foldedAtOnce(std::string_view text) {
+  std::string folded;
+  icu::StringByteSink<std::string> sink(&folded, static_cast<std::int32_t>(text.size()));
+  UErrorCode status = U_ZERO_ERROR;
+  icu::CaseMap::utf8Fold(U_FOLD_CASE_DEFAULT, {text.data(), static_cast<std::int32_t>(text.size())}, sink, nullptr,
+                         status);
+  requireSuccess(status);
+  return folded;
+}
+
+/// Of bytes that are ill-formed, not more than the characters U+FFFD that are put in their place.
+std::size_t codePointCount(std::string_view text) {
+  return static_cast<std::size_t>(
+      std::count_if(text.begin(), text.end(), [](char byte) { return !U8_IS_TRAIL(byte); }));
+}
+
 bool isBetweenCharacters(const FoldedText& text, std::size_t position) {
   return !std::binary_search(text.insideOneCharacter.begin(), text.insideOneCharacter.end(), position);
 }
@@ -259,18 +295,16 @@ std::vector<std::string_view> characters(std::string_view text) {
 
 FoldedText caseFolded(std::string_view text) {
   FoldedText result;
-  result.text.reserve(text.size());
-  std::size_t position = 0;
-  while (position < text.size()) {
-    const char first = text[position];
-    if (U8_IS_SINGLE(first)) {
-      result.text += first >= 'A' && first <= 'Z' ? static_cast<char>(first - 'A' + 'a') : first;
-      ++position;
-      continue;
-    }
-    const std::size_t begin = position;
-    nextCharacter(text, position);
-    appendFolded(text.substr(begin, position - begin), result);
+  if (endOfASCII(text, 0) == text.size()) {
+    result.text.resize(text.size());
+    std::transform(text.begin(), text.end(), result.text.begin(), lowercasedASCII);
+    return result;
+  }
+  result.text = foldedAtOnce(text);
+  // More characters than before: one of them folded to several.
+  if (codePointCount(result.text) != codePointCount(text)) {
+    result.text.clear();
+    foldOneByOne(text, result);
   }
   return result;
 }

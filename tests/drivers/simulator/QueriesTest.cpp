@@ -3,12 +3,14 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "drivers/simulator/ElementAttributes.h"
 #include "drivers/simulator/PageSource.h"
 #include "platform/foundation/NSRegularExpression.h"
 #include "platform/uiautomation/XCUIApplication.h"
@@ -19,7 +21,6 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::ThrowsMessage;
-using Value = KeyValueSource::Value;
 
 constexpr Size SCREEN{100, 200};
 constexpr const char* PAGE = R"(
@@ -158,48 +159,60 @@ TEST_F(QueriesTest, APatternThatDoesNotCompileRaises) {
   EXPECT_THROW(identifiers(APP.buttons().matching(NSPredicate("label MATCHES \"[\""))), RegularExpressionError);
 }
 
-TEST_F(QueriesTest, AttributesOfAnElement) {
-  const Element* const field = QueryEvaluator(IS_HITTABLE).element(APP.descendants(ElementType::any)["field"], *page_);
-  const ElementAttributes attributes(field, IS_HITTABLE);
-  EXPECT_EQ(attributes.valueForKey("label"), Value("Save"));
-  EXPECT_EQ(attributes.valueForKey("identifier"), Value("field"));
-  EXPECT_EQ(attributes.valueForKey("placeholderValue"), Value("Name"));
-  EXPECT_EQ(attributes.valueForKey("value"), Value("Ada"));
-  EXPECT_EQ(attributes.valueForKey("enabled"), Value(true));
-  EXPECT_EQ(attributes.valueForKey("selected"), Value(false));
-  EXPECT_EQ(attributes.valueForKey("exists"), Value(true));
-  EXPECT_EQ(attributes.valueForKey("hittable"), Value(false));
+TEST_F(QueriesTest, WithoutARevisionNothingIsKept) {
+  const QueryEvaluator queries(IS_HITTABLE);
+  const XCUIElement saved = APP.buttons()["saved"];
+  EXPECT_EQ(queries.element(saved, *page_), nullptr);
+  Element* const button = page_->children().back().get();
+  button->label = "saved";
+  EXPECT_EQ(queries.element(saved, *page_), button);
 }
 
-TEST_F(QueriesTest, AnElementWithoutValueAndPlaceholderHasNone) {
-  const ElementAttributes attributes(page_.get(), IS_HITTABLE);
-  EXPECT_EQ(attributes.valueForKey("value"), Value());
-  EXPECT_EQ(attributes.valueForKey("placeholderValue"), Value());
+TEST_F(QueriesTest, WhatHasChangedIsFoundOnceTheRevisionHas) {
+  std::uint64_t revision = 1;
+  const QueryEvaluator queries(IS_HITTABLE, [&revision] { return revision; });
+  const XCUIElementQuery found =
+      APP.descendants(ElementType::any).matching(NSPredicate("label CONTAINS[c] 'new' AND enabled == TRUE"));
+  EXPECT_THAT(queries.elements(found, *page_), IsEmpty());
+
+  Element* const last = page_->children().back().get();
+  last->label = "NEW";
+  ++revision;
+  EXPECT_THAT(queries.elements(found, *page_), ElementsAre(last));
+
+  Element* const added = &page_->append(ElementType::button);
+  added->label = "newer";
+  ++revision;
+  EXPECT_THAT(queries.elements(found, *page_), ElementsAre(last, added));
+
+  last->isEnabled = false;
+  ++revision;
+  EXPECT_THAT(queries.elements(found, *page_), ElementsAre(added));
+
+  page_->remove(*added);
+  ++revision;
+  EXPECT_THAT(queries.elements(found, *page_), IsEmpty());
 }
 
-TEST_F(QueriesTest, AttributesOfAnAbsentElement) {
-  const ElementAttributes attributes(nullptr, IS_HITTABLE);
-  EXPECT_EQ(attributes.valueForKey("label"), Value(""));
-  EXPECT_EQ(attributes.valueForKey("identifier"), Value(""));
-  EXPECT_EQ(attributes.valueForKey("placeholderValue"), Value());
-  EXPECT_EQ(attributes.valueForKey("value"), Value());
-  for (const std::string_view key : {"enabled", "selected", "exists", "hittable"}) {
-    EXPECT_EQ(attributes.valueForKey(key), Value(false)) << key;
+TEST_F(QueriesTest, EachTreeHasItsOwnElementsWithinOneRevision) {
+  const QueryEvaluator queries(IS_HITTABLE, [] { return std::uint64_t{1}; });
+  const std::unique_ptr<Element> copy = page_->copy();
+  Element& window = *page_->children().front();
+  const XCUIElementQuery all = APP.descendants(ElementType::any);
+  for (const Element* const root : {page_.get(), copy.get(), &window, page_.get()}) {
+    std::vector<const Element*> descendants;
+    forEachDescendant(*root, [&descendants](const Element& element) { descendants.push_back(&element); });
+    EXPECT_EQ(queries.elements(all, *root), descendants);
   }
-  EXPECT_THAT([&] { attributes.valueForKey("frame"); }, ThrowsMessage<UnknownAttributeError>(UNKNOWN));
 }
 
-TEST_F(QueriesTest, KnownAttributesAreRequiredOfTheWholePredicate) {
-  for (const std::string_view format :
-       {"TRUEPREDICATE", "label == \"frame\"", "NOT (enabled == TRUE OR value CONTAINS identifier)"}) {
-    EXPECT_NO_THROW(requireKnownAttributes(NSPredicate(format))) << format;
-  }
-  for (const std::string_view format :
-       {"frame == \"x\"", "\"x\" == frame", "label == \"a\" AND (enabled == TRUE OR NOT frame == \"x\")"}) {
-    EXPECT_THAT([format] { requireKnownAttributes(NSPredicate(format)); },
-                ThrowsMessage<UnknownAttributeError>(UNKNOWN))
-        << format;
-  }
+TEST_F(QueriesTest, TheTreeIsReadOnceInARevision) {
+  const QueryEvaluator queries(IS_HITTABLE, [] { return std::uint64_t{1}; });
+  const XCUIElementQuery query = APP.descendants(ElementType::any).matching(NSPredicate("label CONTAINS[c] 'SAVE'"));
+  const std::vector<const Element*> found = queries.elements(query, *page_);
+  ASSERT_EQ(found.size(), 2);
+  page_->children().back()->label = "Save";
+  EXPECT_EQ(queries.elements(query, *page_), found) << "who changes a tree has to change the revision";
 }
 
 }  // namespace

@@ -3,19 +3,29 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <array>
 #include <chrono>
+#include <cstddef>
+#include <cstdint>
+#include <functional>
 #include <limits>
 #include <memory>
 #include <optional>
+#include <random>
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <variant>
 #include <vector>
 
+#include "drivers/simulator/PhoneLoader.h"
+#include "platform/foundation/VirtualClock.h"
 #include "platform/uiautomation/UIAutomationError.h"
 #include "platform/uiautomation/XCUIApplication.h"
 #include "platform/uiautomation/XCUIDevice.h"
 #include "platform/uiautomation/XCUIScreen.h"
+#include "tests/support/MemoryPhoneFiles.h"
 #include "tests/support/TestPlatform.h"
 
 namespace quobrak::simulator {
@@ -517,6 +527,153 @@ TEST_F(SimulatedDriverTest, APatternOfARuleThatBacktracksForEverFailsTypingItsRe
   expectFailure([] { APP.typeText("a\n"); },
                 R"(typeText of the application "com.example.test" on the simulated phone: the regular expression )"
                 R"("(a+)+b" was given up: it takes too long on this text)");
+}
+
+// Searches while the screen changes.
+
+/// A clock that lets someone look whenever time passes.
+class WatchedClock final : public Clock {
+ public:
+  void watch(std::function<void()> look) { look_ = std::move(look); }
+
+  Seconds timeIntervalSince1970() const override { return clock_.timeIntervalSince1970(); }
+  TimePoint now() const override { return clock_.now(); }
+  void usleep(std::uint32_t microseconds) override {
+    clock_.usleep(microseconds);
+    look_();
+  }
+
+ private:
+  VirtualClock clock_;
+  std::function<void()> look_ = [] {};
+};
+
+constexpr const char* CHANGING_PAGE = R"(
+  <TextField label="field" x="0" y="0" width="50" height="20"/>
+  <SecureTextField label="secure" x="50" y="0" width="50" height="20"/>
+  <Switch label="switch" value="0" x="0" y="20" width="50" height="20"/>
+  <Button label="other" x="50" y="20" width="50" height="20"/>
+  <Button label="ask" x="0" y="40" width="50" height="20"/>
+  <Button label="ask and open" x="50" y="40" width="50" height="20"/>
+  <Button label="show and open" x="0" y="60" width="50" height="20"/>
+  <Table x="0" y="80" width="100" height="40">
+    <Cell x="0" y="80" width="100" height="400"/>
+    <Other label="Vertical scroll bar, 2 pages" value="0%" x="90" y="80" width="10" height="40"/>
+  </Table>)";
+
+constexpr const char* CHANGING_RULES = R"([
+  {"on": "tap", "element": "label == 'other'", "do": [{"show": "start"}]},
+  {"on": "tap", "element": "label == 'ask'", "do": [{"alert": {"title": "One", "message": "?", "buttons": ["OK"]}}]},
+  {"on": "tap", "element": "label == 'ask and open'", "do": [
+    {"alert": {"title": "Two", "message": "?", "buttons": ["OK"]}}, {"open": "com.example.other"}]},
+  {"on": "tap", "element": "label == 'show and open'", "do": [{"show": "start"}, {"open": "com.example.other"}]}])";
+
+PhoneDescription changingPhone() {
+  quobrak::testing::MemoryPhoneFiles files = quobrak::testing::smallPhone(CHANGING_PAGE, CHANGING_RULES);
+  files["phone.json"] = R"({"name": "Small phone", "size": {"width": 100, "height": 200}, "scale": 1,
+    "systemVersion": "17.5", "volume": 50, "delays": {"touch": 10, "button": 10, "scroll": 10},
+    "home": "com.apple.springboard", "applications": ["home", "test", "other"]})";
+  files["other/app.json"] = R"({"bundleIdentifier": "com.example.other", "name": "Other", "launchTime": 100,
+    "firstScreen": "start"})";
+  files["other/start.xml"] = *files.read("test/start.xml");
+  return loadPhone(files);
+}
+
+class ChangingPhoneTest : public ::testing::Test {
+ protected:
+  ChangingPhoneTest() {
+    clock_.watch([this] { look(); });
+    driver_.launch("com.example.test");
+  }
+
+  /// All searches of one application see its tree as it is. It is the same one in a row of looks, because only the tree
+  /// that was searched last is kept.
+  void look() {
+    constexpr int LOOKS_IN_A_ROW = 8;
+    const std::array applications{APP, HOME, OTHER};
+    const XCUIApplication& application =
+        applications[static_cast<std::size_t>(looks_++ / LOOKS_IN_A_ROW) % applications.size()];
+    const auto& root = std::get<ApplicationRoot>(application.query().root());
+    const RunningApplication* const running = driver_.phone().running(root.bundleIdentifier);
+    for (const XCUIElementQuery& query : queriesOn(application)) {
+      const auto expected =
+          running == nullptr ? std::vector<const Element*>() : unkept_.elements(query, *running->screen);
+      ASSERT_EQ(driver_.count(query), expected.size());
+      for (std::size_t index = 0; index < expected.size(); ++index) {
+        ASSERT_EQ(driver_.label(query.elementBoundBy(index)), expected[index]->label);
+      }
+    }
+  }
+
+  static std::vector<XCUIElementQuery> queriesOn(const XCUIApplication& application) {
+    std::vector<XCUIElementQuery> queries{application.descendants(ElementType::any), application.buttons()};
+    for (const std::string_view format :
+         {"label CONTAINS[c] 'O'", "value CONTAINS[c] 'A'", "value CONTAINS '%'", "value == '1'", "value MATCHES '•+'",
+          "NOT value == '0%'", "enabled == FALSE", "selected == TRUE"}) {
+      queries.push_back(queries.front().matching(NSPredicate(format)));
+    }
+    return queries;
+  }
+
+  WatchedClock clock_;
+  SimulatedDriver driver_{changingPhone(), clock_};
+  const QueryEvaluator unkept_{[](const Element&) { return false; }};
+  int looks_ = 0;
+};
+
+TEST_F(ChangingPhoneTest, SearchesSeeEveryChangeAtOnce) {
+  std::mt19937 chance{1};
+  const auto below = [&chance](unsigned end) { return static_cast<double>(chance() % end); };
+  for (int step = 0; step < 1000; ++step) {
+    Phone& phone = driver_.phone();
+    if (phone.alert() != nullptr && chance() % 2 == 0) {
+      driver_.tap(HOME.buttons()["OK"]);
+    }
+    const Point point{below(100), below(200)};
+    switch (chance() % 8) {
+      case 0:
+        phone.drag(point, Seconds::zero(), {below(100), below(200)});
+        break;
+      case 1:
+        phone.swipe(*phone.layers().front(), step % 2 == 0 ? SwipeDirection::up : SwipeDirection::down);
+        break;
+      case 2:
+        phone.type(*phone.layers().front(), step % 3 == 0 ? "\b" : step % 3 == 1 ? "aA" : "\n");
+        break;
+      case 3:
+        if (step % 4 == 0) {
+          phone.launch("com.example.test");
+        } else if (step % 4 == 1) {
+          phone.pressHome();
+        } else if (step % 4 == 2) {
+          phone.terminate("com.example.other");
+        } else {
+          phone.activate("com.example.test");
+        }
+        break;
+      default:
+        phone.touch(point, Seconds::zero());
+    }
+    ASSERT_NO_FATAL_FAILURE(look()) << "after step " << step;
+  }
+  EXPECT_GT(looks_, 1500) << "hardly any time passed";
+}
+
+TEST_F(ChangingPhoneTest, SearchesSeeWhatIsScrolledAndRaisedWhileTimePasses) {
+  bool wasScrollSeen = false;
+  const XCUIElementQuery scrolled =
+      APP.descendants(ElementType::any).matching(NSPredicate("value CONTAINS '%' AND NOT value == '0%'"));
+  clock_.watch([&] { wasScrollSeen = wasScrollSeen || driver_.count(scrolled) == 1; });
+  EXPECT_EQ(driver_.count(scrolled), 0);
+  driver_.phone().drag({50, 115}, Seconds::zero(), {50, 15});
+  EXPECT_TRUE(wasScrollSeen) << "before the list has come to rest";
+
+  bool wasAlertSeen = false;
+  const XCUIElementQuery alerts = HOME.descendants(ElementType::alert);
+  EXPECT_EQ(driver_.count(alerts), 0);
+  clock_.watch([&] { wasAlertSeen = wasAlertSeen || driver_.count(alerts) == 1; });
+  driver_.phone().touch({75, 50}, Seconds::zero());
+  EXPECT_TRUE(wasAlertSeen) << "while the other application starts";
 }
 
 // The device.

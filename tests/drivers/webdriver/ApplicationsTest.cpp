@@ -11,6 +11,7 @@ using namespace std::chrono_literals;
 constexpr TimeLimits LIMITS{.command = 2s, .launch = 3s};
 constexpr const char* A = "com.example.a";
 constexpr const char* B = "com.example.b";
+constexpr const char* UNKNOWN = "no answer came, so it is not known whether this was done";
 
 std::string terminateRequest(const std::string& bundleIdentifier) {
   return R"(POST /session/s1/wda/apps/terminate {"bundleId":")" + bundleIdentifier + "\"}";
@@ -111,6 +112,19 @@ TEST_F(ApplicationsTest, TheOneLaunchedLastIsInFrontUntilItEnds) {
   EXPECT_FALSE(applications_.isInFront(A));
 }
 
+TEST_F(ApplicationsTest, TheHomeScreenIsNeverEnded) {
+  launch(A);
+  applications_.terminate(SYSTEM_PROCESS);
+  EXPECT_TRUE(applications_.isInFront(A));
+  server_.expect(launchRequest(SYSTEM_PROCESS));
+  server_.expect(stateRequest(SYSTEM_PROCESS), "4");
+  server_.expect(pinRequest("s1", SYSTEM_PROCESS));
+  applications_.launch(SYSTEM_PROCESS);
+  EXPECT_TRUE(applications_.isInFront(SYSTEM_PROCESS));
+  server_.expect(stateRequest(A), "3");
+  EXPECT_FALSE(applications_.isInFront(A));
+}
+
 TEST_F(ApplicationsTest, TheOneLaunchedBeforeIsAskedFor) {
   launch(A);
   launch(B);
@@ -151,7 +165,7 @@ TEST_F(ApplicationsTest, WhereALaunchFailsTheOneBeforeIsAskedForToo) {
   launch(A);
   server_.expect(terminateRequest(B));
   server_.expectFault(launchRequest(B), Fault::outcomeUnknown, "no answer came");
-  EXPECT_THAT([this] { applications_.launch(B); }, throwsFault(Fault::outcomeUnknown, "no answer came"));
+  EXPECT_THAT([this] { applications_.launch(B); }, throwsFault(Fault::outcomeUnknown, UNKNOWN));
   server_.expect(stateRequest(A), "3");
   EXPECT_FALSE(applications_.isInFront(A));
 }
@@ -159,7 +173,7 @@ TEST_F(ApplicationsTest, WhereALaunchFailsTheOneBeforeIsAskedForToo) {
 TEST_F(ApplicationsTest, WhereItIsNotKnownWhetherOneEndedItIsAskedFor) {
   launch(A);
   server_.expectFault(terminateRequest(A), Fault::outcomeUnknown, "no answer came");
-  EXPECT_THAT([this] { applications_.terminate(A); }, throwsFault(Fault::outcomeUnknown, "no answer came"));
+  EXPECT_THAT([this] { applications_.terminate(A); }, throwsFault(Fault::outcomeUnknown, UNKNOWN));
   server_.expect(stateRequest(A), "1");
   EXPECT_FALSE(applications_.isInFront(A));
 }

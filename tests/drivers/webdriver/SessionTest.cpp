@@ -261,9 +261,37 @@ TEST_F(SessionTest, OfUnknownOutcomeAQuestionIsAskedOnceMoreAndAnActionNot) {
   server_.expectFault(QUESTION, Fault::outcomeUnknown, "no answer came again");
   EXPECT_THAT([this] { session().ask(question); }, throwsFault(Fault::outcomeUnknown, "no answer came again"));
   server_.expectFault(ACTION, Fault::outcomeUnknown, "no answer came");
-  EXPECT_THAT([this] { session().act(action, 1s); }, throwsFault(Fault::outcomeUnknown, "no answer came"));
+  EXPECT_THAT([this] { session().act(action, 1s); },
+              throwsFault(Fault::outcomeUnknown, "no answer came, so it is not known whether this was done"));
   server_.expectError(ACTION, "timeout");
-  EXPECT_THAT([this] { session().act(action, 1s); }, throwsFault(Fault::outcomeUnknown, "timeout"));
+  EXPECT_THAT([this] { session().act(action, 1s); },
+              throwsFault(Fault::outcomeUnknown, "timeout, so it is not known whether this was done"));
+}
+
+TEST_F(SessionTest, AQuestionThatIsRepeatedMayFindTheSessionLost) {
+  openAs("s1");
+  server_.expectError(QUESTION, "timeout", "the phone hangs");
+  server_.expectError(QUESTION, "invalid session id");
+  server_.expectOpening("s2");
+  server_.expect("GET /session/s2/screenshot", "7");
+  EXPECT_EQ(session().ask(question), JSONValue(7));
+}
+
+TEST_F(SessionTest, AnActionThatIsSentOnceMoreMayFindTheSessionLost) {
+  openAs("s1");
+  server_.expectFault(ACTION, Fault::notSent, "broken");
+  server_.expectError(ACTION, "invalid session id", "ended");
+  EXPECT_THAT([this] { session().act(action, 1s); },
+              throwsFault(Fault::sessionLost,
+                          "the server lost the session, so it is not known whether this was done (invalid session id: "
+                          "ended)"));
+  openAs("s2");
+}
+
+TEST_F(SessionTest, AnActionForWhichNoSessionIsOpenedIsSurelyNotDone) {
+  server_.expectFault(R"(POST /session {"capabilities":{"alwaysMatch":{},"firstMatch":[{}]}})", Fault::outcomeUnknown,
+                      "no answer came");
+  EXPECT_THAT([this] { session().act(action, 1s); }, throwsFault(Fault::outcomeUnknown, "no answer came"));
 }
 
 TEST_F(SessionTest, AnyOtherErrorIsTheAnswer) {

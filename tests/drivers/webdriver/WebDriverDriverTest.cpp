@@ -33,6 +33,8 @@ const std::string THE_FIELD =
     "the element (first) of the TextField descendants of the application \"com.example.test\" over WebDriver at "
     "http://host:1: ";
 
+const std::string UNKNOWN = "no answer came, so it is not known whether this was done";
+
 constexpr double INFINITE = std::numeric_limits<double>::infinity();
 constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
 
@@ -164,9 +166,9 @@ TEST_F(WebDriverDriverTest, AnApplicationThatIsTerminatedIsAskedForAgain) {
 TEST_F(WebDriverDriverTest, ATerminationThatFailsSaysSo) {
   server_.expectFault(R"(POST /session/s1/wda/apps/terminate {"bundleId":"com.example.other"})", Fault::outcomeUnknown,
                       "no answer came");
-  EXPECT_THAT([this] { driver_.terminate("com.example.other"); },
-              throwsMessage("terminate of the application \"com.example.other\" over WebDriver at http://host:1: no "
-                            "answer came"));
+  EXPECT_THAT(
+      [this] { driver_.terminate("com.example.other"); },
+      throwsMessage("terminate of the application \"com.example.other\" over WebDriver at http://host:1: " + UNKNOWN));
 }
 
 TEST_F(WebDriverDriverTest, LaunchAndTerminateEndWhatALookupServes) {
@@ -410,7 +412,7 @@ TEST_F(WebDriverDriverTest, AnActionThatFailsIsNotRepeated) {
               throwsMessage("tap of " + THE_BUTTON + "invalid element state: crashed"));
   expectButton();
   server_.expectFault("POST /session/s1/element/e1/click {}", Fault::outcomeUnknown, "no answer came");
-  EXPECT_THAT([this] { driver_.tap(BUTTON); }, throwsMessage("tap of " + THE_BUTTON + "no answer came"));
+  EXPECT_THAT([this] { driver_.tap(BUTTON); }, throwsMessage("tap of " + THE_BUTTON + UNKNOWN));
   expectButton();
   server_.expectError("POST /session/s1/element/e1/click {}", "invalid session id", "ended");
   EXPECT_THAT([this] { driver_.tap(BUTTON); },
@@ -628,7 +630,7 @@ TEST_F(WebDriverDriverTest, ATouchOfAPointThatFailsSaysSo) {
       [this] {
         driver_.tap(BUTTON.coordinate({0, 0}));
       },
-      throwsMessage("tap of the point (0, 0) of " + THE_BUTTON + "no answer came"));
+      throwsMessage("tap of the point (0, 0) of " + THE_BUTTON + UNKNOWN));
 }
 
 TEST_F(WebDriverDriverTest, APressOfAPointTakesItsDurationBesidesTheTimeOfACommand) {
@@ -662,12 +664,20 @@ TEST_F(WebDriverDriverTest, ADragGoesFromPointToPoint) {
   EXPECT_EQ(server_.timeLimits().back(), 2500ms);
 }
 
+TEST_F(WebDriverDriverTest, ADragThatLeadsBeyondTheScreenEndsAtItsEdge) {
+  expectButton();
+  expectScreen();
+  server_.expect(
+      R"(POST /session/s1/wda/dragfromtoforduration {"duration":0.0,"fromX":10.0,"fromY":20.0,"toX":10.0,"toY":200.0})");
+  driver_.pressThenDrag(BUTTON.coordinate({0, 0}), 0s, BUTTON.coordinate({0, 100}));
+}
+
 TEST_F(WebDriverDriverTest, ADragToNowhereIsLiftedWhereItBegan) {
   expectButton();
   expectScreen();
   server_.expect(
       R"(POST /session/s1/wda/dragfromtoforduration {"duration":0.0,"fromX":10.0,"fromY":20.0,"toX":10.0,"toY":20.0})");
-  driver_.pressThenDrag(BUTTON.coordinate({0, 0}), 0s, BUTTON.coordinate({0, 100}));
+  driver_.pressThenDrag(BUTTON.coordinate({0, 0}), 0s, BUTTON.coordinate({0, INFINITE}));
 }
 
 TEST_F(WebDriverDriverTest, ADragFromNowhereTakesItsTimeAllTheSame) {
@@ -705,7 +715,7 @@ TEST_F(WebDriverDriverTest, AButtonEndsWhatALookupServesAndHomeLeavesTheApplicat
 TEST_F(WebDriverDriverTest, AButtonThatFailsSaysSoAndMayHaveLeftTheApplication) {
   server_.expectFault(R"(POST /session/s1/wda/pressButton {"name":"home"})", Fault::outcomeUnknown, "no answer came");
   EXPECT_THAT([this] { driver_.pressButton(XCUIDeviceButton::home); },
-              throwsMessage("pressButton of the device over WebDriver at http://host:1: no answer came"));
+              throwsMessage("pressButton of the device over WebDriver at http://host:1: " + UNKNOWN));
   server_.expect(STATE, "4");
   expectButton();
   EXPECT_TRUE(driver_.exists(BUTTON));
@@ -746,6 +756,18 @@ TEST_F(WebDriverDriverTest, AnApplicationIsDescribedByTheServer) {
             "    Window, {{0.0, 0.0}, {100.0, 200.0}}\n"
             "Query chain:\n"
             " →Find: Application 'com.example.test'\n");
+}
+
+TEST_F(WebDriverDriverTest, AnApplicationIsDescribedThoughAnotherOneWasLookedIntoLast) {
+  server_.expect(APPLICATION_PREDICATE, found({{.id = "app", .type = "Application"}}));
+  EXPECT_TRUE(driver_.exists(APP));
+  server_.expect(R"(POST /session/s1/wda/apps/state {"bundleId":"com.apple.springboard"})", "4");
+  server_.expect(pinRequest("s1", SYSTEM_PROCESS));
+  expectLookup(BUTTON_CHAIN, {});
+  EXPECT_FALSE(driver_.exists(XCUIApplication(SYSTEM_PROCESS).buttons().firstMatch()));
+  server_.expect(pinRequest("s1", "com.example.test"));
+  server_.expect("GET /session/s1/source?format=description", R"("Window")");
+  EXPECT_THAT(driver_.debugDescription(APP), ::testing::HasSubstr("    Window\n"));
 }
 
 TEST_F(WebDriverDriverTest, AnElementIsDescribedByWhatIsBelowIt) {
@@ -812,6 +834,27 @@ TEST_F(WebDriverDriverTest, AHandlerIsGivenTheAlertAndThenTheActionIsCarriedOut)
   server_.expect("POST /session/s1/element/e1/click {}");
   driver_.tap(BUTTON);
   EXPECT_THAT(alerts, ElementsAre("the system alert \"Allow?\""));
+}
+
+TEST_F(WebDriverDriverTest, TextGoesIntoTheFieldOfAnAlert) {
+  driver_.addInterruptionMonitor("alert", [this](const XCUIElement& alert) {
+    EXPECT_TRUE(driver_.exists(BUTTON)) << "which lets queries look into the application";
+    driver_.typeText(alert.descendants(ElementType::textField).firstMatch(), "a");
+    return false;
+  });
+  server_.expect("GET /alert/text", R"("Password?")");
+  server_.expect(pinRequest("s1", SYSTEM_PROCESS));
+  expectLookup("**/XCUIElementTypeAlert[-1]", {{.id = "a1", .type = "Alert"}});
+  server_.expect(pinRequest("s1", "com.example.test"));
+  expectButton();
+  expectLookup(FIELD_CHAIN, {{.id = "f1", .type = "TextField"}}, "/element/a1");
+  server_.expect(pinRequest("s1", SYSTEM_PROCESS));
+  server_.expect("GET /session/s1/element/active", R"({"ELEMENT":"f1","type":"XCUIElementTypeTextField"})");
+  server_.expect(R"(POST /session/s1/element/f1/value {"text":"a"})");
+  server_.expect(pinRequest("s1", "com.example.test"));
+  expectButton();
+  server_.expect("POST /session/s1/element/e1/click {}");
+  driver_.tap(BUTTON);
 }
 
 TEST_F(WebDriverDriverTest, AnAlertKeepsItsHandleForAsLongAsItIsUp) {
@@ -907,6 +950,18 @@ TEST_F(WebDriverDriverThroughAppium, AnAlertIsLookedForInTheSystemsProcess) {
   expectLookup(BUTTON_CHAIN, {{.id = "e1"}});
   server_.expect("POST /session/s1/element/e1/click {}");
   driver_.tap(BUTTON);
+}
+
+TEST_F(WebDriverDriverThroughAppium, TheFocusIsLookedForInTheApplicationThoughTheAlertWasLookedForElsewhere) {
+  driver_.addInterruptionMonitor("alert", [](const XCUIElement&) { return false; });
+  expectLookup(FIELD_CHAIN, {{.id = "f1", .type = "TextField"}});
+  EXPECT_TRUE(driver_.exists(FIELD));
+  server_.expect(pinRequest("s1", SYSTEM_PROCESS));
+  server_.expectError("GET /session/s1/alert/text", "no such alert");
+  server_.expect(pinRequest("s1", "com.example.test"));
+  server_.expect("GET /session/s1/element/active", R"({"ELEMENT":"f1","type":"XCUIElementTypeTextField"})");
+  server_.expect(R"(POST /session/s1/element/f1/value {"text":"a"})");
+  driver_.typeText(FIELD, "a");
 }
 
 TEST_F(WebDriverDriverThroughAppium, TheEndOfAWaitIsProved) {

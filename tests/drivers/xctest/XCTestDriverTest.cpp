@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <limits>
 #include <memory>
 #include <optional>
 #include <stdexcept>
@@ -272,8 +273,16 @@ TEST_F(XCTestDriverTest, APointOutsideTheScreenIsNotSentToTheFramework) {
   EXPECT_EQ(Clock::shared().now() - start, 2s);
 }
 
-TEST_F(XCTestDriverTest, ADragThatEndsOutsideTheScreenIsAPress) {
+TEST_F(XCTestDriverTest, ADragThatEndsOutsideTheScreenIsADrag) {
   const auto sent = sentBy([] { named("switch").coordinate({0.5, 0.5}).pressThenDrag(0s, APP.coordinate({5, 5})); });
+  EXPECT_THAT(sent, Contains("XCUICoordinate pressForDuration:thenDragToCoordinate:"));
+}
+
+TEST_F(XCTestDriverTest, ADragToNowhereIsAPress) {
+  constexpr double INFINITE = std::numeric_limits<double>::infinity();
+  const auto sent = sentBy([] {
+    named("switch").coordinate({0.5, 0.5}).pressThenDrag(0s, APP.coordinate({INFINITE, 5}));
+  });
   EXPECT_THAT(sent, Contains("XCUICoordinate pressForDuration:"));
   EXPECT_THAT(sent, Not(Contains("XCUICoordinate pressForDuration:thenDragToCoordinate:")));
 }

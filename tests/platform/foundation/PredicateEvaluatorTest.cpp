@@ -138,6 +138,15 @@ TEST(PredicateEvaluator, EverySpecialCharacterMakesARegularExpressionOfAPattern)
   }
 }
 
+TEST(PredicateEvaluator, APatternWithoutSpecialCharactersMatchesOnlyItself) {
+  for (const char* const pattern : {"", "Check out", "Größe: 5 cm, #1-2 & more", "👍"}) {
+    EXPECT_TRUE(matchesOnlyItself(pattern)) << pattern;
+  }
+  for (const char special : std::string_view(R"(\^$.|?*+()[]{})")) {
+    EXPECT_FALSE(matchesOnlyItself("a" + std::string(1, special))) << special;
+  }
+}
+
 TEST(PredicateEvaluator, BeginningsEndingsAndWildcards) {
   const Table table = {
       {R"(label BEGINSWITH "Item")", true},
