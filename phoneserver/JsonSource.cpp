@@ -75,6 +75,7 @@ JSONValue tree(const SearchScope& scope, const std::vector<std::string>& exclude
 
 JSONValue jsonSource(const SearchScope& scope, const std::vector<std::string>& excluded) {
   std::vector<std::string> keys;
+  keys.reserve(excluded.size());
   for (const std::string& name : excluded) {
     keys.push_back(keyOf(name));
   }

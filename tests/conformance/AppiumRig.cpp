@@ -1,3 +1,5 @@
+#include <gtest/gtest.h>
+
 #include <cstdlib>
 #include <iostream>
 
@@ -27,16 +29,29 @@ class AppiumRig final : public WebDriverRig {
   std::string url_;
 };
 
+const char* serverUrl() {
+  return std::getenv("QUOBRAK_APPIUM_URL");
+}
+
+/// The server that all tests need. Where there is none, they are skipped before anything of them has run.
+class AppiumServer final : public ::testing::Environment {
+ public:
+  void SetUp() override {
+    if (serverUrl() == nullptr) {
+      std::cout << "skipped: QUOBRAK_APPIUM_URL names no Appium server; ./dev conformance sets one up" << std::endl;
+      constexpr int SKIPPED = 77;
+      std::exit(SKIPPED);
+    }
+  }
+};
+
+// Google Test deletes it.
+const ::testing::Environment* const APPIUM_SERVER = ::testing::AddGlobalTestEnvironment(new AppiumServer);
+
 }  // namespace
 
 std::unique_ptr<Rig> makeRig(simulator::PhoneDescription phone) {
-  const char* const url = std::getenv("QUOBRAK_APPIUM_URL");
-  if (url == nullptr) {
-    std::cout << "skipped: QUOBRAK_APPIUM_URL names no Appium server; ./dev conformance sets one up" << std::endl;
-    constexpr int SKIPPED = 77;
-    std::exit(SKIPPED);
-  }
-  return std::make_unique<AppiumRig>(url, std::move(phone));
+  return std::make_unique<AppiumRig>(serverUrl(), std::move(phone));
 }
 
 }  // namespace quobrak::conformance

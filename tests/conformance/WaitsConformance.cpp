@@ -69,10 +69,10 @@ TEST_F(Waits, AreOverSoonAfterTheirCondition) {
 }
 
 TEST_F(Waits, AHugeTimeoutSaturates) {
-  startWithSecondScreenAfter(4000s);
+  startWithSecondScreenAfter(30s);
   EXPECT_TRUE(named("second").waitForExistence(Seconds(1e300)));
-  EXPECT_GE(elapsed(), 4000s);
-  EXPECT_LE(elapsed(), 4001s);
+  EXPECT_GE(elapsed(), 30s);
+  EXPECT_LE(elapsed(), 31s);
 }
 
 TEST_F(Waits, SeeAnElementVanish) {

@@ -140,7 +140,7 @@ struct NSRegularExpression::Compiled {
   }
 
   /// The matcher on a new input, which must live until the search is over. Nothing limits it.
-  icu::RegexMatcher& matcherOn(std::string_view input) {
+  icu::RegexMatcher& matcherOn(std::string_view input) const {
     UErrorCode status = U_ZERO_ERROR;
     setLimits(0, 0, status);
     const icu::LocalUTextPointer bytes(

@@ -199,7 +199,7 @@ std::string foldedAtOnce(std::string_view text) {
   return folded;
 }
 
-/// Of bytes that are ill-formed, not more than the characters U+FFFD that are put in their place.
+/// The number of characters; ill-formed bytes, which folding leaves as they are, count for as much before as after it.
 std::size_t codePointCount(std::string_view text) {
   return static_cast<std::size_t>(
       std::count_if(text.begin(), text.end(), [](char byte) { return !U8_IS_TRAIL(byte); }));

@@ -749,13 +749,6 @@ class InterruptionTest : public SimulatedDriverTest {
     });
   }
 
-  static bool press(const XCUIElement& alert) {
-    alert.buttons().firstMatch().tap();
-    return true;
-  }
-  static bool refuse(const XCUIElement&) { return false; }
-  static bool claim(const XCUIElement&) { return true; }
-
   std::string alertThatIsUp() const {
     const SystemAlert* const alert = platform_->phone().alert();
     return alert == nullptr ? "none" : alert->alert().label;
@@ -766,121 +759,11 @@ class InterruptionTest : public SimulatedDriverTest {
   std::vector<std::string> asked_;
 };
 
-TEST_F(InterruptionTest, StackedAlertsAreDealtWithOneAfterTheOtherAndThenTheActionIsCarriedOut) {
-  add("presser", press);
-  named("switch").tap();
-  EXPECT_THAT(asked_, ElementsAre("presser: second", "presser: first"));
-  EXPECT_EQ(alertThatIsUp(), "none");
-  EXPECT_TRUE(isOn());
-}
-
-TEST_F(InterruptionTest, HandlersAreAskedInReverseOrderUntilOneAnswersTrue) {
-  add("never asked", press);
-  add("presser", press);
-  add("refuser", refuse);
-  named("switch").tap();
-  EXPECT_THAT(asked_, ElementsAre("refuser: second", "presser: second", "refuser: first", "presser: first"));
-  EXPECT_TRUE(isOn());
-}
-
-TEST_F(InterruptionTest, WhereNoHandlerAnswersTrueTheTouchLandsOnTheAlert) {
-  add("refuser", refuse);
-  named("switch").tap();
-  EXPECT_THAT(asked_, ElementsAre("refuser: second"));
-  EXPECT_EQ(alertThatIsUp(), "second");
-  EXPECT_FALSE(isOn());
-  named("switch").coordinate({0.5, 0.75}).tap();
-  EXPECT_EQ(alertThatIsUp(), "first") << "the touch landed on the alert's button";
-  EXPECT_FALSE(isOn());
-}
-
-TEST_F(InterruptionTest, WithoutAHandlerTheTouchLandsOnTheAlert) {
-  named("switch").tap();
-  EXPECT_EQ(alertThatIsUp(), "second");
-  EXPECT_FALSE(isOn());
-}
-
-TEST_F(InterruptionTest, EveryActingPrimitiveAsks) {
-  add("refuser", refuse);
-  const XCUIElement element = named("switch");
-  element.tap();
-  element.press(1s);
-  element.coordinate({0, 0}).tap();
-  element.coordinate({0, 0}).press(1s);
-  element.coordinate({0, 0}).pressThenDrag(1s, element.coordinate({1, 1}));
-  element.swipe(SwipeDirection::up);
-  EXPECT_THROW(element.typeText("a"), UIAutomationError);
-  EXPECT_EQ(asked_, std::vector<std::string>(7, "refuser: second"));
-}
-
-TEST_F(InterruptionTest, AnActionMadeInsideAHandlerAsksNobody) {
-  add("bystander", refuse);
-  add("acting", [](const XCUIElement& alert) {
-    named("switch").tap();
-    alert.buttons().firstMatch().tap();
-    return true;
-  });
-  named("switch").tap();
-  EXPECT_THAT(asked_, ElementsAre("acting: second", "acting: first"));
-  EXPECT_TRUE(isOn()) << "the handler's own taps landed on the alerts";
-}
-
-TEST_F(InterruptionTest, QuestionsWaitsAndTheDeviceAskNobody) {
-  add("presser", press);
-  const XCUIElement element = named("switch");
-  EXPECT_TRUE(element.exists());
-  EXPECT_EQ(element.label(), "");
-  EXPECT_EQ(element.identifier(), "switch");
-  EXPECT_EQ(element.value(), ElementValue("0"));
-  EXPECT_EQ(element.frame(), (Rect{{0, 0}, {100, 200}}));
-  EXPECT_EQ(APP.buttons().count(), 0);
-  EXPECT_FALSE(element.debugDescription().empty());
-  EXPECT_TRUE(element.waitForExistence(1s));
-  EXPECT_EQ(driver().waitForPredicate(element, NSPredicate("enabled == FALSE"), 1s), XCTWaiterResult::timedOut);
-  EXPECT_TRUE(XCUIScreen::mainScreen().pngScreenshot());
-  XCUIDevice::sharedDevice().pressButton(XCUIDeviceButton::volumeUp);
-  XCUIDevice::sharedDevice().pressButton(XCUIDeviceButton::home);
-  EXPECT_THAT(asked_, IsEmpty());
-  EXPECT_EQ(alertThatIsUp(), "second");
-}
-
-TEST_F(InterruptionTest, AnAlertDoesNotMakeAnElementUnhittable) {
-  EXPECT_TRUE(named("switch").isHittable());
-  EXPECT_EQ(APP.descendants(ElementType::any).matching(NSPredicate("hittable == TRUE")).count(), 2);
-}
-
-TEST_F(InterruptionTest, AHandlerThatLeavesTheAlertStandingIsAskedOncePerAction) {
-  add("claimer", claim);
-  named("switch").tap();
-  EXPECT_THAT(asked_, ElementsAre("claimer: second"));
-  named("switch").tap();
-  EXPECT_THAT(asked_, ElementsAre("claimer: second", "claimer: second"));
-  EXPECT_FALSE(isOn());
-}
-
 TEST_F(InterruptionTest, WhatAHandlerRaisesPassesAndTheNextActionAsksAgain) {
   add("throwing", [](const XCUIElement&) -> bool { throw std::runtime_error("no idea"); });
   EXPECT_THAT([] { named("switch").tap(); }, ThrowsMessage<std::runtime_error>("no idea"));
   EXPECT_THAT([] { named("switch").tap(); }, ThrowsMessage<std::runtime_error>("no idea"));
   EXPECT_THAT(asked_, ElementsAre("throwing: second", "throwing: second"));
-  EXPECT_FALSE(isOn());
-}
-
-TEST_F(InterruptionTest, ARemovedHandlerIsNotAsked) {
-  const InterruptionMonitorToken token = add("removed", press);
-  driver().removeInterruptionMonitor(token);
-  driver().removeInterruptionMonitor(token);
-  named("switch").tap();
-  EXPECT_THAT(asked_, IsEmpty());
-  EXPECT_EQ(alertThatIsUp(), "second");
-}
-
-TEST_F(InterruptionTest, WithoutAnAlertNoHandlerIsAsked) {
-  add("presser", press);
-  named("switch").tap();
-  asked_.clear();
-  named("switch").tap();
-  EXPECT_THAT(asked_, IsEmpty());
   EXPECT_FALSE(isOn());
 }
 
@@ -908,27 +791,6 @@ TEST_F(InterruptionTest, AHandlerSeesTheAlertAndAllThatIsInIt) {
   EXPECT_FALSE(kept->exists()) << "it was the alert that is gone";
   EXPECT_EQ(kept->debugDescription(), "Query chain:\n →Find: the system alert \"second\"\n");
   expectFailure([&] { kept->tap(); }, R"(tap of the system alert "second" on the simulated phone: it does not exist)");
-}
-
-TEST_F(InterruptionTest, TheAlertsAreElementsOfTheHomeApplication) {
-  EXPECT_EQ(HOME.descendants(ElementType::alert).count(), 2);
-  EXPECT_TRUE(HOME.buttons()["OK"].exists());
-  EXPECT_TRUE(HOME.buttons()["OK"].isHittable());
-  EXPECT_FALSE(HOME.buttons()["Yes"].isHittable()) << "another alert is in front of it";
-  HOME.buttons()["OK"].tap();
-  EXPECT_EQ(alertThatIsUp(), "first");
-  HOME.buttons()["Yes"].tap();
-  EXPECT_EQ(alertThatIsUp(), "none");
-}
-
-TEST_F(InterruptionTest, AnElementHandedOverByAnotherDriverDoesNotExist) {
-  class ForeignHandle final : public ElementHandle {
-   public:
-    std::string description() const override { return "a foreign element"; }
-  };
-  const XCUIElement foreign{QueryRoot(std::make_shared<const ForeignHandle>())};
-  EXPECT_FALSE(foreign.exists());
-  EXPECT_EQ(foreign.buttons().count(), 0);
 }
 
 }  // namespace

@@ -236,6 +236,12 @@ TEST(CaseFolded, RecordsThePositionsInsideWhatOneCharacterFoldedTo) {
   EXPECT_THAT(threeCharacters.insideOneCharacter, ElementsAre(2, 4));
 }
 
+TEST(CaseFolded, FoldsTheLettersBesideThoseThatFoldToSeveral) {
+  const FoldedText folded = caseFolded("ÄßЖ");
+  EXPECT_EQ(folded.text, "ässж");
+  EXPECT_THAT(folded.insideOneCharacter, ElementsAre(3));
+}
+
 TEST(Contains, ComparesWholeCharactersWithoutRegardToCase) {
   struct Case {
     std::string_view text;
