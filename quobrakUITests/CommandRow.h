@@ -24,6 +24,10 @@ enum class Unit { text, milliseconds, percent, points, count, truthValue };
 /// The value that stands in for an absent field; none where the field is required.
 using ArgumentDefault = std::variant<std::monostate, std::int64_t, bool>;
 
+/// How an argument is read from its field: by a getter that raises where something is wrong with it, or directly, where
+/// an absent field stops the process.
+enum class Reading { checked, direct };
+
 /// One argument of a command, in words.
 struct ArgumentInfo {
   /// The field that holds it, counted from 0, where field 0 is the command's name.
@@ -31,7 +35,16 @@ struct ArgumentInfo {
   std::string_view label;
   Unit unit = Unit::text;
   ArgumentDefault defaultValue;
+  Reading reading = Reading::checked;
+  /// Reads the argument as the command would, and drops it: raises or stops as the command would. The row sets it.
+  void (*check)(FunctionParameters fields) = nullptr;
 };
+
+/// What the process stops with where the field of a direct argument is absent.
+inline std::string absentFieldMessage(const ArgumentInfo& argument) {
+  return "Index out of range: the field " + std::to_string(argument.field) + " (" + std::string(argument.label) +
+         ") is missing";
+}
 
 /// A text that can be a template argument.
 template <std::size_t Size>
@@ -45,12 +58,11 @@ struct FixedText {
 /// An argument that is a field as it stands. An absent field is a programming error of the script: fatal.
 template <std::size_t Field, FixedText Label, Unit UnitOfValue = Unit::text>
 struct DirectField {
-  static constexpr ArgumentInfo INFO{Field, Label.view(), UnitOfValue, {}};
+  static constexpr ArgumentInfo INFO{Field, Label.view(), UnitOfValue, {}, Reading::direct};
 
   static std::string read(FunctionParameters fields) {
     if (Field >= fields.size()) {
-      fatalError("Index out of range: the field " + std::to_string(Field) + " (" + std::string(Label.view()) +
-                 ") is missing");
+      fatalError(absentFieldMessage(INFO));
     }
     return std::string(fields[Field]);
   }
@@ -86,11 +98,23 @@ void runCommand([[maybe_unused]] FunctionParameters fields) {
   std::apply(Operation, std::move(values));
 }
 
+template <class Argument>
+void checkArgument(FunctionParameters fields) {
+  static_cast<void>(Argument::read(fields));
+}
+
+template <class Argument>
+constexpr ArgumentInfo checkable() {
+  ArgumentInfo info = Argument::INFO;
+  info.check = &checkArgument<Argument>;
+  return info;
+}
+
 /// The row of a command that calls `Operation` with its arguments, in the order of the operation's parameters.
 template <auto Operation, class... Arguments>
 constexpr CommandRow command(std::string_view name, std::string_view summary) {
   static_assert(sizeof...(Arguments) <= CommandRow::MOST_ARGUMENTS);
-  return {name, summary, {Arguments::INFO...}, sizeof...(Arguments), &runCommand<Operation, Arguments...>};
+  return {name, summary, {checkable<Arguments>()...}, sizeof...(Arguments), &runCommand<Operation, Arguments...>};
 }
 
 enum class TableFault { none, wrongNumberOfRows, emptyName, duplicateName, emptySummary };

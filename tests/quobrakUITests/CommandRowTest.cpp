@@ -98,6 +98,21 @@ TEST(CommandRow, TellsItsArgumentsInWords) {
   EXPECT_EQ(ROW.arguments()[2].label, "watched");
 }
 
+TEST(CommandRow, AnArgumentCanBeCheckedWithoutTheOperation) {
+  const std::vector<std::string_view> fields{"watched", "a", "bad", "c"};
+  WATCHED.arguments()[0].check(fields);
+  EXPECT_THAT([&] { WATCHED.arguments()[1].check(fields); }, testing::raisesFdslError("The field is bad"));
+  EXPECT_THAT(events, ElementsAre("read a", "read bad"));
+}
+
+TEST(CommandRow, TellsWhichArgumentsStopTheProcessWhereTheyAreAbsent) {
+  constexpr CommandRow ROW = command<&operate, DirectField<1, "selector">, WatchedField<2>, WatchedField<3>>("a", "B.");
+  EXPECT_EQ(ROW.arguments()[0].reading, Reading::direct);
+  EXPECT_EQ(ROW.arguments()[1].reading, Reading::checked);
+  const std::vector<std::string_view> none{"a"};
+  EXPECT_DEATH(ROW.arguments()[0].check(none), Eq("Fatal error: " + absentFieldMessage(ROW.arguments()[0]) + "\n"));
+}
+
 TEST(CommandRow, DefaultsOfArguments) {
   using Required = CheckedField<&Parameters::getPauseDuration, 1, "timeMillis", Unit::milliseconds>;
   using Timeout = CheckedField<&Parameters::getTimeout, 2, "timeout", Unit::milliseconds, DEFAULT_TIMEOUT_WAIT>;
