@@ -16,6 +16,12 @@ struct Exception {
 constexpr std::array EXCEPTIONS{
     Exception{"phoneserver/main.cpp",
               "a main function cannot be linked to a test; tests/process starts the executable"},
+    Exception{"manual/main.cpp",
+              "a main function cannot be linked to a test; CommandManualTest compares what it writes"},
+    Exception{"manual/ApplicationNotes.cpp", "texts; CommandNotesTest looks at all notes"},
+    Exception{"manual/ElementNotes.cpp", "texts; CommandNotesTest looks at all notes"},
+    Exception{"manual/RunNotes.cpp", "texts; CommandNotesTest looks at all notes"},
+    Exception{"manual/TouchNotes.cpp", "texts; CommandNotesTest looks at all notes"},
     Exception{"runner/main.cpp", "a main function cannot be linked to a test; tests/process starts the executable"},
     Exception{"drivers/simulator/BarArt.cpp", "drawing; ScreenPainterTest looks at the picture"},
     Exception{"drivers/simulator/ContainerArt.cpp", "drawing; ScreenPainterTest looks at the picture"},
@@ -37,7 +43,7 @@ constexpr std::array EXCEPTIONS{
               "NSRegularExpressionTest and UnicodeTest find their way back through it"},
 };
 
-constexpr std::array PROGRAM_FOLDERS{"platform/", "quobrakUITests/", "drivers/", "phoneserver/", "runner/"};
+constexpr std::array PROGRAM_FOLDERS{"platform/", "quobrakUITests/", "drivers/", "phoneserver/", "runner/", "manual/"};
 
 bool isOfAProgram(const std::string& path) {
   return std::any_of(PROGRAM_FOLDERS.begin(), PROGRAM_FOLDERS.end(),

@@ -29,7 +29,8 @@ const std::vector<Permission>& ours() {
       {"drivers/xctest/", {"platform/", "drivers/xctest/"}},
       {"phoneserver/", {"platform/", "drivers/simulator/", "phoneserver/"}},
       {"runner/", {"platform/", "quobrakUITests/", "drivers/", "runner/"}},
-      {"tests/", {"platform/", "quobrakUITests/", "drivers/", "phoneserver/", "runner/", "tests/"}},
+      {"manual/", {"quobrakUITests/", "manual/"}},
+      {"tests/", {"platform/", "quobrakUITests/", "drivers/", "phoneserver/", "runner/", "manual/", "tests/"}},
       {"benchmarks/", {"platform/", "quobrakUITests/", "drivers/", "phoneserver/", "runner/", "benchmarks/"}},
   };
   return PERMISSIONS;

@@ -32,6 +32,8 @@ TEST(IncludeRule, AllowsWhatMayBeKnown) {
            Case{"drivers/xctest/XCTestDriver.mm", "<XCTest/XCTest.h>"},
            Case{"drivers/xctest/bundle/TestRun.cpp", "\"quobrakUITests/quobrakUITests.h\""},
            Case{"tests/drivers/xctest/standins/Framework.mm", "<Foundation/Foundation.h>"},
+           Case{"manual/CommandManual.h", "\"quobrakUITests/CommandRow.h\""},
+           Case{"tests/manual/CommandManualTest.cpp", "\"manual/CommandManual.h\""},
            Case{"tests/runner/TraceTest.cpp", "<gtest/gtest.h>"},
            Case{"tests/runner/TraceTest.cpp", "\"tests/support/TemporaryFolder.h\""},
        }) {
@@ -54,6 +56,8 @@ TEST(IncludeRule, FindsWhatMustNotBeKnown) {
            Case{"platform/uiautomation/UIDriver.cpp", "\"quobrakUITests/File.h\""},
            Case{"quobrakUITests/File.cpp", "\"drivers/simulator/Phone.h\""},
            Case{"quobrakUITests/File.cpp", "\"runner/Trace.h\""},
+           Case{"quobrakUITests/File.cpp", "\"manual/CommandManual.h\""},
+           Case{"manual/CommandManual.cpp", "\"platform/uiautomation/UIDriver.h\""},
            Case{"quobrakUITests/File.cpp", "<unicode/uchar.h>"},
            Case{"drivers/simulator/Phone.cpp", "\"quobrakUITests/File.h\""},
            Case{"drivers/simulator/Phone.cpp", "\"drivers/webdriver/Connection.h\""},

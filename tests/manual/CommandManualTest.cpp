@@ -1,0 +1,142 @@
+#include "manual/CommandManual.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <array>
+#include <fstream>
+#include <iterator>
+
+#include "manual/CommandNotes.h"
+#include "quobrakUITests/CommandTable.h"
+
+namespace quobrak::manual {
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::ThrowsMessage;
+
+using Text = DirectField<1, "text">;
+using Period = CheckedField<&Parameters::getPeriod, 2, "period", Unit::milliseconds, DEFAULT_ENTER_TEXT_FREQUENCY>;
+using IsEnabled = CheckedField<&Parameters::getIsEnabled, 3, "isEnabled", Unit::truthValue, DEFAULT_IS_ENABLED>;
+using Duration = CheckedField<&Parameters::getPauseDuration, 1, "timeMillis", Unit::milliseconds>;
+
+void operate(const std::string&, std::int64_t, bool) {}
+void operateFor(std::int64_t) {}
+void operateAlone() {}
+
+constexpr std::array TABLE{command<&operate, Text, Period, IsEnabled>("type", "Types."),
+                           command<&operateFor, Duration>("sleep", "Sleeps."),
+                           command<&operateAlone>("rest", "Rests.")};
+
+CommandNote note(const std::string& name, const std::vector<std::string>& arguments) {
+  return {.name = name, .description = "", .arguments = arguments, .errors = {}, .stops = {}, .example = name};
+}
+
+const CommandNote TYPE{.name = "type",
+                       .description = "Slowly.",
+                       .arguments = {"what", "how slowly", "whether"},
+                       .errors = {{.message = "No <text>", .when = "there is none"}},
+                       .stops = {{.message = "Too slow", .when = "`period` is too much"}},
+                       .example = "type,a\ntype,b"};
+
+std::vector<CommandGroup> groups() {
+  return {{.title = "Work", .introduction = "What is done.", .notes = {TYPE}},
+          {.title = "Other", .introduction = "", .notes = {note("sleep", {"how long"}), note("rest", {})}}};
+}
+
+TEST(CommandManual, BeginsWithTheContents) {
+  EXPECT_THAT(
+      commandManual(TABLE, groups()),
+      HasSubstr("\n\n- [Work](#work): [type](#type)\n- [Other](#other): [sleep](#sleep), [rest](#rest)\n\n## Work\n"));
+}
+
+TEST(CommandManual, TellsOfACommandWhatTheRowAndTheNoteSay) {
+  EXPECT_THAT(commandManual(TABLE, groups()), HasSubstr(R"(
+## Work
+
+What is done.
+
+### type
+
+```
+type,text[,period[,isEnabled]]
+```
+
+Types. Slowly.
+
+| Argument | What it is | Written as | Left out |
+|---|---|---|---|
+| `text` | what | text | stops the process |
+| `period` | how slowly | whole number, milliseconds | `0` |
+| `isEnabled` | whether | `true` or `false` | `true` |
+
+| Error | When |
+|---|---|
+| `The frequency <period> should be an integer` | `period` is not a whole number |
+| `isEnabled <isEnabled> should be an boolean` | `isEnabled` is neither `true` nor `false` |
+| `No <text>` | there is none |
+
+| Stops the process | When |
+|---|---|
+| `Index out of range: the field 1 (text) is missing` | `text` is left out |
+| `Too slow` | `period` is too much |
+
+Example:
+
+```
+type,a
+type,b
+```
+
+## Other
+
+### sleep
+)"));
+}
+
+TEST(CommandManual, LeavesOutWhatThereIsNoneOf) {
+  const std::string page = commandManual(TABLE, groups());
+  EXPECT_THAT(page, ::testing::EndsWith(R"(
+### rest
+
+```
+rest
+```
+
+Rests.
+
+Example:
+
+```
+rest
+```
+)"));
+  EXPECT_THAT(page, HasSubstr("| `timeMillis` | how long | whole number, milliseconds | error |"));
+}
+
+TEST(CommandManual, NeedsANoteForEachRowInTheSameOrder) {
+  const CommandNote sleep = note("sleep", {"how long"});
+  const CommandNote rest = note("rest", {});
+  struct Case {
+    std::vector<CommandNote> notes;
+    std::string message;
+  };
+  for (const auto& [notes, message] :
+       {Case{{TYPE, rest, sleep}, R"(a note on "rest" where the command table has "sleep")"},
+        Case{{TYPE, sleep}, R"(no note on "rest", which the command table has)"},
+        Case{{TYPE, sleep, rest, rest}, R"(a note on "rest" where the command table ends)"},
+        Case{{TYPE, note("sleep", {}), rest}, R"(the note on "sleep" tells of 0 arguments; the command has 1)"}}) {
+    const std::vector<CommandGroup> group{{.title = "All", .introduction = "", .notes = notes}};
+    EXPECT_THAT([&group] { commandManual(TABLE, group); }, ThrowsMessage<NotesError>(message));
+  }
+}
+
+TEST(CommandManual, IsThePageThatUsersRead) {
+  std::ifstream file(QUOBRAK_SOURCE_FOLDER "/docs/commands.md", std::ios::binary);
+  const std::string page{std::istreambuf_iterator<char>(file), {}};
+  EXPECT_EQ(page, commandManual(commandTable(), commandNotes())) << "run ./dev docs";
+}
+
+}  // namespace
+}  // namespace quobrak::manual
