@@ -1,0 +1,75 @@
+// Every example of the documentation runs, each as a test of its own.
+
+#include <fstream>
+#include <iterator>
+#include <map>
+
+#include "manual/CommandNotes.h"
+#include "manual/CommonFailures.h"
+#include "tests/documentation/DocumentedExample.h"
+
+namespace quobrak::documentation {
+namespace {
+
+using manual::CommandNote;
+
+/// What the example of each command touches. Those that are not here touch nothing.
+const std::map<std::string, std::string> TOUCHES{
+    {"clickByText", "Allow Once, browse"},
+};
+
+/// The examples that start no application.
+const std::vector<std::string> WITHOUT_APPLICATION{"measureStart", "measureStop",   "pause",
+                                                   "pressHome",    "pressVolumeUp", "pressVolumeDown"};
+
+class RunTest final : public DocumentedExample {
+ public:
+  explicit RunTest(DocumentedRun run) : run_(std::move(run)) {}
+
+ private:
+  void TestBody() override { checkRun(run_); }
+
+  DocumentedRun run_;
+};
+
+void registerRun(const char* suite, const DocumentedRun& run) {
+  ::testing::RegisterTest(suite, run.name.c_str(), nullptr, nullptr, __FILE__, __LINE__,
+                          [run]() -> DocumentedExample* { return new RunTest(run); });
+}
+
+std::string expectationsOf(const CommandNote& note) {
+  const bool hasApplication = std::count(WITHOUT_APPLICATION.begin(), WITHOUT_APPLICATION.end(), note.name) == 0;
+  const auto touches = TOUCHES.find(note.name);
+  return "\n# phone: built-in\n# expect status: success" +
+         (hasApplication ? "" : ": " + manual::NOT_INITIALISED.message) +
+         "\n# expect touched: " + (touches == TOUCHES.end() ? "nothing" : touches->second) + "\n";
+}
+
+void registerExamplesOfCommands() {
+  for (const manual::CommandGroup& group : manual::commandNotes()) {
+    for (const CommandNote& note : group.notes) {
+      DocumentedRun run;
+      run.name = note.name;
+      run.scripts.push_back(conformance::readScriptFile(note.name, note.example + expectationsOf(note)));
+      registerRun("CommandExample", run);
+    }
+  }
+}
+
+void registerExamplesOfPage(const char* suite, const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  for (const DocumentedRun& run : runsOn({std::istreambuf_iterator<char>(file), {}})) {
+    registerRun(suite, run);
+  }
+}
+
+}  // namespace
+}  // namespace quobrak::documentation
+
+/// Takes the place of the test library's own: the examples are known only when it runs.
+int main(int argc, char** argv) {
+  ::testing::InitGoogleMock(&argc, argv);
+  quobrak::documentation::registerExamplesOfCommands();
+  quobrak::documentation::registerExamplesOfPage("ScriptLanguage", QUOBRAK_SOURCE_FOLDER "/docs/script-language.md");
+  return RUN_ALL_TESTS();
+}
