@@ -1,8 +1,9 @@
 # CTest reads this each time it starts, because which captures there are is not known when the program is built: one test
 # for each capture, or one that shows as skipped.
+set(folder "$ENV{QUOBRAK_PAGE_SOURCES}")
 set(captures "")
-if(DEFINED ENV{QUOBRAK_PAGE_SOURCES})
-  file(GLOB captures "$ENV{QUOBRAK_PAGE_SOURCES}/*.xml")
+if(folder)
+  file(GLOB captures "${folder}/*.xml")
 endif()
 
 foreach(capture IN LISTS captures)
@@ -14,8 +15,8 @@ foreach(capture IN LISTS captures)
 endforeach()
 
 if(NOT captures)
-  if(DEFINED ENV{QUOBRAK_PAGE_SOURCES})
-    set(reason "no capture: there is none in $ENV{QUOBRAK_PAGE_SOURCES}")
+  if(folder)
+    set(reason "no capture: there is none in ${folder}")
   else()
     set(reason "skipped: QUOBRAK_PAGE_SOURCES names no folder of captures")
   endif()

@@ -49,6 +49,9 @@ lines" x="inf" y="inf" width="0" height="0"/>
       <XCUIElementTypeStaticText name="&#xFFFC;" label="&#x200E;“Q”" x="300" y="400" width="90" height="44"/>
     </XCUIElementTypeCell>
     <XCUIElementTypeStaticText label="STRASSE Straße İ" x="0" y="450" width="390" height="20"/>
+    <XCUIElementTypeOther type="XCUIElementTypeLink" label="A type other than the tag" x="0" y="470" width="9"
+        height="9"/>
+    <Link label="A type without its prefix" x="10" y="470" width="9" height="9"/>
     <XCUIElementTypeAny name="any" x="0" y="480" width="10" height="10"/>
     <XCUIElementTypeSwitch name="save" label="  " x="10" y="480" width="10" height="10"/>
   </XCUIElementTypeOther>
@@ -74,6 +77,10 @@ constexpr const char* LAYERS = R"(
       <XCUIElementTypeButton label="Over the row" x="150" y="340" width="100" height="60"/>
     </XCUIElementTypeScrollView>
     <XCUIElementTypeButton label="Where the row would be" x="0" y="470" width="100" height="44"/>
+    <XCUIElementTypeTable x="0" y="520" width="402" height="30">
+      <XCUIElementTypeCell label="Half in its table" x="0" y="520" width="402" height="60"/>
+      <XCUIElementTypeCell label="Out of its table" x="0" y="580" width="402" height="60"/>
+    </XCUIElementTypeTable>
     <XCUIElementTypeButton label="Under what is called invisible" x="0" y="600" width="100" height="44"/>
     <XCUIElementTypeButton label="Called invisible" visible="false" x="0" y="600" width="100" height="44"/>
     <XCUIElementTypeButton label="At the very edge" x="402" y="600" width="100" height="44"/>

@@ -40,10 +40,10 @@ std::vector<std::string> labelsOf(const std::string& pageName, Touchability touc
 TEST(TouchOracle, DecidesByRectangles) {
   EXPECT_THAT(labelsOf("layers", Touchability::touchable),
               ElementsAre("Half of it beside", "Labelled", "Under what nobody has labelled", "In the part that is seen",
-                          "Over the row", "Where the row would be", "Beyond the edge"));
+                          "Over the row", "Where the row would be", "Half in its table", "Beyond the edge"));
   EXPECT_THAT(labelsOf("layers", Touchability::untouchable),
               ElementsAre("Under what is labelled", "Covered in the middle", "In the part that is not", "Not seen",
-                          "At the very edge", "Behind", "Behind"));
+                          "Out of its table", "At the very edge", "Behind", "Behind"));
   EXPECT_THAT(labelsOf("layers", Touchability::undecided),
               ElementsAre("Under what is called invisible", "Called invisible"));
   EXPECT_THAT(labelsOf("alert", Touchability::touchable),
