@@ -44,6 +44,8 @@ JSONValue carryOut(ServedPhone& served, const Request& request) {
   }
   const Call call{
       .parameters = std::move(match->parameters), .query = request.query, .arguments = argumentsIn(request.body)};
+  // Nothing changes while a request is answered but by what it does itself.
+  served.phone().passTime();
   return match->route->handler(served, call);
 }
 

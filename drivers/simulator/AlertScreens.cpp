@@ -40,12 +40,22 @@ constexpr double MARGIN = 16;
 constexpr double TITLE_HEIGHT = 66;
 constexpr double MESSAGE_HEIGHT = 54;
 constexpr double BUTTON_HEIGHT = 44;
+constexpr double SHEET_MARGIN = 8;
+constexpr double SHEET_TEXT_HEIGHT = 44;
+constexpr double SHEET_BUTTON_HEIGHT = 57;
+constexpr double HOME_INDICATOR_HEIGHT = 34;
 
 Element& appendTo(Element& parent, ElementType type, const std::string& label, const Rect& frame) {
   Element& element = parent.append(type);
   element.label = label;
   element.frame = frame;
   return element;
+}
+
+std::unique_ptr<Element> windowOf(Size screen) {
+  auto window = std::make_unique<Element>(ElementType::window);
+  window->frame = {{0, 0}, screen};
+  return window;
 }
 
 void appendButtons(Element& card, const std::vector<std::string>& labels, double top) {
@@ -95,8 +105,7 @@ std::unique_ptr<Element> alertWindow(const AlertText& alert, Size screen) {
   const Point origin{(screen.width - CARD_WIDTH) / 2, (screen.height - height) / 2};
   const double textWidth = CARD_WIDTH - 2 * MARGIN;
 
-  auto window = std::make_unique<Element>(ElementType::window);
-  window->frame = {{0, 0}, screen};
+  std::unique_ptr<Element> window = windowOf(screen);
   Element& card = appendTo(*window, ElementType::alert, alert.title, {origin, {CARD_WIDTH, height}});
   const double titleTop = origin.y + MARGIN;
   appendTo(card, ElementType::staticText, alert.title, {{origin.x + MARGIN, titleTop}, {textWidth, TITLE_HEIGHT}});
@@ -105,6 +114,30 @@ std::unique_ptr<Element> alertWindow(const AlertText& alert, Size screen) {
              {{origin.x + MARGIN, titleTop + TITLE_HEIGHT}, {textWidth, MESSAGE_HEIGHT}});
   }
   appendButtons(card, alert.buttons, origin.y + height - buttonsHeight);
+  return window;
+}
+
+std::unique_ptr<Element> sheetWindow(const AlertText& sheet, Size screen) {
+  const double titleHeight = sheet.title.empty() ? 0 : SHEET_TEXT_HEIGHT;
+  const double messageHeight = sheet.message.empty() ? 0 : SHEET_TEXT_HEIGHT;
+  const double height = titleHeight + messageHeight + SHEET_BUTTON_HEIGHT * static_cast<double>(sheet.buttons.size());
+  const Point origin{SHEET_MARGIN, screen.height - HOME_INDICATOR_HEIGHT - height};
+  const double width = screen.width - 2 * SHEET_MARGIN;
+
+  std::unique_ptr<Element> window = windowOf(screen);
+  Element& card = appendTo(*window, ElementType::sheet, sheet.title, {origin, {width, height}});
+  double top = origin.y;
+  const auto append = [&](ElementType type, const std::string& label, double rowHeight) {
+    if (!label.empty()) {
+      appendTo(card, type, label, {{origin.x, top}, {width, rowHeight}});
+      top += rowHeight;
+    }
+  };
+  append(ElementType::staticText, sheet.title, SHEET_TEXT_HEIGHT);
+  append(ElementType::staticText, sheet.message, SHEET_TEXT_HEIGHT);
+  for (const std::string& button : sheet.buttons) {
+    append(ElementType::button, button, SHEET_BUTTON_HEIGHT);
+  }
   return window;
 }
 

@@ -10,10 +10,10 @@
 
 namespace quobrak::simulator {
 
-/// What an alert of the system process says and offers.
+/// What an alert or a sheet says and offers.
 struct AlertText {
   std::string title;
-  /// Empty where the alert has none.
+  /// Empty where there is none.
   std::string message;
   std::vector<std::string> buttons;
 };
@@ -28,5 +28,8 @@ std::string knownPermissions();
 /// A Window that holds the alert, in the middle of a screen of that size. Two buttons stand side by side, more of them
 /// one below the other.
 std::unique_ptr<Element> alertWindow(const AlertText& alert, Size screen);
+
+/// A Window that holds a Sheet of that text, along the lower edge of a screen of that size. Its title may be empty.
+std::unique_ptr<Element> sheetWindow(const AlertText& sheet, Size screen);
 
 }  // namespace quobrak::simulator

@@ -10,7 +10,6 @@
 #include <vector>
 
 #include "drivers/simulator/HiddenElements.h"
-#include "platform/foundation/Unicode.h"
 
 namespace quobrak::simulator {
 
@@ -52,10 +51,7 @@ class PageSourceReader {
   }
 
   [[noreturn]] void fail(std::ptrdiff_t offset, const std::string& reason) const {
-    const std::string_view before = xml_.substr(0, static_cast<std::size_t>(std::max<std::ptrdiff_t>(offset, 0)));
-    const auto line = std::count(before.begin(), before.end(), '\n') + 1;
-    const std::size_t column = characterCount(before.substr(before.rfind('\n') + 1)) + 1;
-    throw PageSourceError("line " + std::to_string(line) + ", column " + std::to_string(column) + ": " + reason);
+    throw PageSourceError({{placeInText(xml_, static_cast<std::size_t>(std::max<std::ptrdiff_t>(offset, 0))), reason}});
   }
 
   std::unique_ptr<Element> elementFrom(pugi::xml_node node, int depth) {
@@ -149,7 +145,19 @@ class PageSourceReader {
   std::vector<Element*> invisible_;
 };
 
+std::string textOf(const std::vector<PageSourceFault>& faults) {
+  std::string text;
+  for (const PageSourceFault& fault : faults) {
+    text += (text.empty() ? "" : "\n") + ("line " + std::to_string(fault.place.line)) + ", column " +
+            std::to_string(fault.place.column) + ": " + fault.reason;
+  }
+  return text;
+}
+
 }  // namespace
+
+PageSourceError::PageSourceError(std::vector<PageSourceFault> faults)
+    : std::runtime_error(textOf(faults)), faults_(std::move(faults)) {}
 
 std::unique_ptr<Element> readPageSource(std::string_view xml, Size screen) {
   return PageSourceReader(xml, screen).read();

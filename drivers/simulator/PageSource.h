@@ -2,16 +2,28 @@
 
 #include <memory>
 #include <stdexcept>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "drivers/simulator/Element.h"
+#include "platform/foundation/TextPlace.h"
 
 namespace quobrak::simulator {
+
+struct PageSourceFault {
+  TextPlace place;
+  std::string reason;
+};
 
 /// A page source that cannot be used: says what is wrong and at which line and column.
 class PageSourceError : public std::runtime_error {
  public:
-  using std::runtime_error::runtime_error;
+  explicit PageSourceError(std::vector<PageSourceFault> faults);
+  const std::vector<PageSourceFault>& faults() const { return faults_; }
+
+ private:
+  std::vector<PageSourceFault> faults_;
 };
 
 /// Reads a page source, the XML in which UI-automation servers describe a screen. The root of the tree is an

@@ -1,34 +1,30 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <functional>
 #include <map>
-#include <memory>
 #include <optional>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <utility>
+#include <variant>
 #include <vector>
 
-#include "drivers/simulator/Keyboard.h"
 #include "drivers/simulator/PhoneDescription.h"
+#include "drivers/simulator/RuleMatching.h"
+#include "drivers/simulator/RunningApplication.h"
+#include "drivers/simulator/Scrolling.h"
 #include "platform/foundation/Clock.h"
 #include "platform/uiautomation/XCUIElement.h"
 
 namespace quobrak::simulator {
 
-/// An application that runs.
-struct RunningApplication {
-  const ApplicationDescription* description;
-  int processIdentifier;
-  /// The screen that it shows: an Application and all below it.
-  std::unique_ptr<Element> screen;
-  /// The element of the screen that has the keyboard's focus; null for none.
-  Element* focused = nullptr;
-  /// The window of the phone's own keyboard, at the end of the screen's tree; null where it is not up. A captured
-  /// screen that shows a keyboard gets no second one.
-  Element* keyboard = nullptr;
-  KeyboardPlane keyboardPlane = KeyboardPlane::letters;
+/// The rules of applications set each other off without end.
+class EndlessRulesError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
 };
 
 /// An alert of the system process that is up.
@@ -44,13 +40,18 @@ struct SystemAlert {
 };
 
 /// A phone that is switched on: what runs, what is on the screen, and what a finger or a button does to it. Time passes
-/// on the clock that it is given.
+/// on the clock that it is given; what it brings is seen after `passTime`, and after everything that itself takes time.
+/// What carries out rules of applications throws `EndlessRulesError`, and `RegularExpressionError` where a pattern of
+/// theirs backtracks for ever.
 class Phone {
  public:
   /// `clock` must outlive the phone.
   Phone(PhoneDescription description, Clock& clock);
 
   const PhoneDescription& description() const { return description_; }
+
+  /// Carries out what has come due on the clock, each thing at its own time. Elements may vanish.
+  void passTime();
 
   bool isInstalled(const std::string& bundleIdentifier) const;
   /// The application must be installed. The home application does not restart, it comes to the front.
@@ -108,40 +109,105 @@ class Phone {
   std::uint64_t revision() const { return revision_; }
 
  private:
+  /// Whose effects are carried out, and what they may ask of the element that they come from.
+  struct Context {
+    std::string application;
+    ElementTexts subject;
+  };
+
+  struct PutOff {
+    const Later* later;
+    ElementTexts subject;
+  };
+
+  /// What is to be done at a time.
+  struct Task {
+    std::string application;
+    /// The number of the screen that must still be shown; 0 for any.
+    std::uint64_t screen;
+    /// A rule of time, effects that were put off, or elements, by their numbers, that vanish.
+    std::variant<const Rule*, PutOff, std::vector<std::uint64_t>> what;
+  };
+
+  /// An element that is on its way.
+  struct Motion {
+    std::string application;
+    std::uint64_t element;
+    Clock::TimePoint start;
+    std::chrono::milliseconds duration;
+    FingerMove whole;
+    FingerMove done;
+  };
+
+  /// The time that effects count from: the clock's, or that at which something came due.
+  Clock::TimePoint moment() const { return dueTime_.value_or(clock_.now()); }
+  void sleep(Seconds duration);
+  void carryOut(const Task& task);
+  void carryOut(const PutOff& putOff, const RunningApplication& application);
+  void moveOn(Clock::TimePoint until);
+  bool moveOn(Motion& motion, Clock::TimePoint until);
+  std::chrono::milliseconds length(const RuleDuration& duration) const;
+
+  RunningApplication* find(const std::string& bundleIdentifier);
+
   /// Shows its first screen and carries out its launch rules.
   void start(const ApplicationDescription& application);
   void setFront(const std::string& bundleIdentifier);
+  void showScreen(const std::string& bundleIdentifier, const std::string& name);
+  /// Carries out what happens when the application's screen begins to be shown.
+  void announceScreen(const RunningApplication& application);
+  void scheduleTimeRules(const RunningApplication& application, std::uint64_t screen);
 
   /// Waits for as long as the touch takes; false where it lands outside the screen.
   bool beginTouch(Point point, Seconds duration);
   /// The element that takes a touch at the point, which the observer is told of: one of the alert, in which nothing
   /// scrolls, where one is up. Null where the touch falls through.
   Element* takerOf(Point point);
-  void endScrolling(bool hasMoved);
+  /// `scroller` is what was scrolled; null where nothing was.
+  void endScrolling(const Element* scroller);
 
-  void answerAlert(const std::string& buttonLabel);
+  void answerSystemAlert(const Element& button);
   void dismissAlertsOf(const std::string& bundleIdentifier);
   void tapOnAlert(const Element& touched);
+  void touchApplication(Element& touched, Seconds duration);
   void tapOnApplication(Element& touched);
   /// What the phone itself does with a tap; true where the application's rules have no say in it any more.
   bool behave(Element& touched);
+  /// Answers the alert or sheet of the application that the button is in; false where it is in none.
+  bool answerOwnAlert(const Element& touched);
 
-  void focus(Element& field);
-  static void endEditing(RunningApplication& application);
   void tapKey(const Element& key);
-  void typeText(RunningApplication& application, std::string_view text);
-  void typeReturn(RunningApplication& application);
+  void typeText(std::string_view text);
+  void typeReturn();
 
-  /// The first rule about a tap on the very element that holds; null where none does.
-  const Rule* tapRule(const RunningApplication& application, const Element& element) const;
-  void applyTapRules(const RunningApplication& application, const Element& touched);
-  bool holds(const Rule& rule) const;
-  void apply(const Rule& rule, const std::string& bundleIdentifier);
-  // Effects of a rule of the application.
-  void carryOut(const ShowScreen& effect, const std::string& bundleIdentifier);
-  void carryOut(const SetValue& effect, const std::string& bundleIdentifier);
-  void carryOut(const RaiseAlert& effect, const std::string& bundleIdentifier);
-  void carryOut(const OpenApplication& effect, const std::string& bundleIdentifier);
+  Occurrence occurrence(RuleEvent event, const Element* element = nullptr) const;
+  /// What the application in front does where this happens to the very element.
+  Reaction reactionTo(RuleEvent event, const Element& element) const;
+  /// That of the innermost element around the one that is touched, or of that itself, to which the application reacts.
+  Reaction reactionToTouch(RuleEvent event, const Element& touched) const;
+  void carryOut(const Reaction& reaction, const std::string& bundleIdentifier);
+  void carryOut(const std::vector<Reaction>& reactions, const std::string& bundleIdentifier);
+  void carryOut(const std::vector<Effect>& effects, const Context& context);
+
+  // Each for an application that runs.
+  void carryOut(const ShowScreen& effect, const Context& context);
+  void carryOut(const SetValues& effect, const Context& context);
+  void carryOut(const AddToValues& effect, const Context& context);
+  void carryOut(const ChangeElements& effect, const Context& context);
+  void carryOut(const MoveElements& effect, const Context& context);
+  void carryOut(const InsertElements& effect, const Context& context);
+  void carryOut(const RemoveElements& effect, const Context& context);
+  void carryOut(const FocusElement& effect, const Context& context);
+  void carryOut(const RaiseAlert& effect, const Context& context);
+  void carryOut(const OpenApplication& effect, const Context& context);
+  void carryOut(const OpenAddress& effect, const Context& context);
+  void carryOut(const TerminateApplication& effect, const Context& context);
+  void carryOut(const Later& effect, const Context& context);
+
+  /// The application's elements that the predicate picks, without the phone's own keyboard and the system's alerts.
+  std::vector<Element*> elementsOf(RunningApplication& application, const PredicateEvaluator& predicate) const;
+  void removeElements(const std::string& bundleIdentifier, const std::vector<std::uint64_t>& numbers);
+
   RunningApplication& home() { return running_.at(description_.home); }
   RunningApplication& front() { return running_.at(front_); }
 
@@ -151,7 +217,13 @@ class Phone {
   std::map<std::string, RunningApplication> running_;
   std::string front_;
   std::vector<SystemAlert> alerts_;
-  std::map<std::string, std::string> values_;
+  NamedValues values_;
+  std::multimap<Clock::TimePoint, Task> agenda_;
+  std::vector<Motion> motions_;
+  /// The time of what is being carried out because it came due.
+  std::optional<Clock::TimePoint> dueTime_;
+  /// How many effects are being carried out, each because of the one before.
+  int nesting_ = 0;
   double volume_;
   int lastProcessIdentifier_ = 100;
   std::uint64_t lastAlertNumber_ = 0;

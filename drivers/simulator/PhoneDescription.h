@@ -3,51 +3,16 @@
 #include <chrono>
 #include <map>
 #include <memory>
-#include <optional>
 #include <string>
-#include <variant>
 #include <vector>
 
-#include "drivers/simulator/AlertScreens.h"
 #include "drivers/simulator/Element.h"
-#include "platform/foundation/PredicateEvaluator.h"
+#include "drivers/simulator/NamedValues.h"
+#include "drivers/simulator/Rule.h"
 #include "platform/uiautomation/Geometry.h"
 
 /// What a simulated phone is before it is switched on: the content of its folder, checked.
 namespace quobrak::simulator {
-
-/// Shows another screen of the same application.
-struct ShowScreen {
-  std::string screen;
-};
-/// Gives a named value of the phone another text.
-struct SetValue {
-  std::string name;
-  std::string text;
-};
-/// Raises an alert of the system process.
-struct RaiseAlert {
-  AlertText alert;
-  /// The named value that receives the label of the button that answers the alert; empty for none.
-  std::string answer;
-};
-/// Brings another application to the front, starting it where it does not run.
-struct OpenApplication {
-  std::string bundleIdentifier;
-};
-using Effect = std::variant<ShowScreen, SetValue, RaiseAlert, OpenApplication>;
-
-enum class RuleEvent { launch, tap };
-
-/// What an application does on an event.
-struct Rule {
-  RuleEvent event;
-  /// Which elements a tap is on; none for a launch.
-  std::optional<PredicateEvaluator> element;
-  /// Named values that must have these texts. One that was never set has the empty text.
-  std::map<std::string, std::string> condition;
-  std::vector<Effect> effects;
-};
 
 struct ApplicationDescription {
   std::string bundleIdentifier;
@@ -56,6 +21,10 @@ struct ApplicationDescription {
   std::chrono::milliseconds launchTime{};
   std::string firstScreen;
   std::map<std::string, std::unique_ptr<Element>> screens;
+  /// What effects insert: the children of each are.
+  std::map<std::string, std::unique_ptr<Element>> fragments;
+  /// Beginnings of the addresses that open it.
+  std::vector<std::string> addresses;
   std::vector<Rule> rules;
 };
 
@@ -73,6 +42,7 @@ struct PhoneDescription {
   std::chrono::milliseconds touchDelay{};
   std::chrono::milliseconds buttonDelay{};
   std::chrono::milliseconds scrollDelay{};
+  NamedValues values;
   /// The application that shows the home screen.
   std::string home;
   std::map<std::string, ApplicationDescription> applications;

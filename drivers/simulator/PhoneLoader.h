@@ -7,14 +7,15 @@
 
 namespace quobrak::simulator {
 
-/// A phone's folder that cannot be used: says which file, where in it, what is wrong and what would be right.
+/// A phone's folder that cannot be used: says of each fault which file and where in it, what is wrong and what would be
+/// right, one in a line.
 class PhoneDescriptionError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
 
 /// Reads and checks the description of a phone: phone.json, and for each application a folder with its app.json and its
-/// screens. Throws `PhoneDescriptionError` at the first fault.
+/// screens. Throws `PhoneDescriptionError` with all faults.
 PhoneDescription loadPhone(const PhoneFiles& files);
 
 }  // namespace quobrak::simulator

@@ -117,16 +117,10 @@ double possibleMove(const Element& scroller, const Axis& axis, double wanted) {
   return std::abs(possible) < NEGLIGIBLE ? 0 : possible;
 }
 
-void shift(Element& element, FingerMove move) {
-  element.frame.origin.x += move.dx;
-  element.frame.origin.y += move.dy;
-}
-
 void shiftContent(Element& scroller, FingerMove move) {
   for (const auto& child : scroller.children()) {
     if (!isScrollBar(*child)) {
       shift(*child, move);
-      forEachDescendant(*child, [move](Element& element) { shift(element, move); });
     }
   }
   scroller.scrolled.x += move.dx;
@@ -187,25 +181,51 @@ bool scrolls(ElementType type) {
          type == ElementType::webView || type == ElementType::textView;
 }
 
-bool dragContent(Element& touched, FingerMove move) {
+void shift(Element& element, FingerMove move) {
+  const auto shiftOne = [move](Element& one) {
+    one.frame.origin.x += move.dx;
+    one.frame.origin.y += move.dy;
+  };
+  shiftOne(element);
+  forEachDescendant(element, shiftOne);
+}
+
+Element* dragContent(Element& touched, FingerMove move) {
   const Axis& axis = mainAxisOf(move);
   Element* const scroller = scrollerFor(touched, axis, move.*axis.move);
   if (scroller != nullptr) {
     scroll(*scroller, move);
   }
-  return scroller != nullptr;
+  return scroller;
 }
 
-bool swipeContent(Element& touched, SwipeDirection direction, const Rect& area) {
+Element* swipeContent(Element& touched, SwipeDirection direction, const Rect& area) {
   const FingerMove unit = unitMove(direction);
   const Axis& axis = mainAxisOf(unit);
   Element* const scroller = scrollerFor(touched, axis, unit.*axis.move);
   if (scroller == nullptr) {
-    return false;
+    return nullptr;
   }
   const double distance = SWIPED_SHARE * intersection(visiblePart(*scroller), area).size.*axis.extent;
   scroll(*scroller, {.dx = unit.dx * distance, .dy = unit.dy * distance});
-  return true;
+  return scroller;
+}
+
+bool isScrolledTo(const Element& scroller, ScrollEnd end) {
+  for (const Axis* axis : {&VERTICAL, &HORIZONTAL}) {
+    const Room room = roomOf(scroller, *axis);
+    if (room.forward - room.backward > NEGLIGIBLE) {
+      const double left = scroller.scrolled.*axis->origin - (end == ScrollEnd::end ? room.backward : room.forward);
+      return std::abs(left) < NEGLIGIBLE;
+    }
+  }
+  return false;
+}
+
+double lowerEdgeOfContent(const Element& parent) {
+  Extent content;
+  addContentOf(parent, VERTICAL, content);
+  return std::max(content.end, startOf(parent.frame, VERTICAL));
 }
 
 }  // namespace quobrak::simulator

@@ -36,11 +36,14 @@ class AlertHandle final : public ElementHandle {
 /// What is being done to what, for the texts of errors.
 class SimulatedDriver::Operation {
  public:
+  /// Begins it: what has come due on the phone until now has happened.
   template <class Target>
-  Operation(std::string_view name, const Target& target)
-      : name_(name), describe_([&target] { return describe(target); }) {}
+  Operation(std::string_view name, const Target& target, Phone& phone)
+      : name_(name), describe_([&target] { return describe(target); }) {
+    guarded([&phone] { phone.passTime(); });
+  }
 
-  /// What `ask` answers; what a predicate can get wrong becomes a failure of this operation.
+  /// What `ask` answers; what a predicate or a rule can get wrong becomes a failure of this operation.
   template <class Ask>
   auto guarded(Ask ask) const {
     try {
@@ -48,6 +51,8 @@ class SimulatedDriver::Operation {
     } catch (const RegularExpressionError& error) {
       fail(error.what());
     } catch (const UnknownAttributeError& error) {
+      fail(error.what());
+    } catch (const EndlessRulesError& error) {
       fail(error.what());
     }
   }
@@ -60,6 +65,8 @@ class SimulatedDriver::Operation {
   static std::string describe(const std::string& bundleIdentifier) {
     return "the application \"" + bundleIdentifier + "\"";
   }
+  static std::string describe(const PhoneDescription& phone) { return "the phone \"" + phone.name + "\""; }
+  static std::string describe(XCUIDeviceButton) { return "a button"; }
   static std::string describe(const XCUIElementQuery& query) { return quobrak::describe(query); }
   static std::string describe(const XCUIElement& element) { return quobrak::describe(element); }
   static std::string describe(const XCUICoordinate& point) { return quobrak::describe(point); }
@@ -75,18 +82,20 @@ SimulatedDriver::SimulatedDriver(PhoneDescription phone, Clock& clock)
       painter_(phone_.description().size, phone_.description().scale) {}
 
 void SimulatedDriver::launch(const std::string& bundleIdentifier) {
+  const Operation operation("launch", bundleIdentifier, phone_);
   if (!phone_.isInstalled(bundleIdentifier)) {
     std::string installed;
     for (const auto& [identifier, application] : phone_.description().applications) {
       installed += (installed.empty() ? "" : ", ") + identifier;
     }
-    Operation("launch", bundleIdentifier).fail("it is not installed; installed are " + installed);
+    operation.fail("it is not installed; installed are " + installed);
   }
-  phone_.launch(bundleIdentifier);
+  operation.guarded([&] { phone_.launch(bundleIdentifier); });
 }
 
 void SimulatedDriver::terminate(const std::string& bundleIdentifier) {
-  phone_.terminate(bundleIdentifier);
+  const Operation operation("terminate", bundleIdentifier, phone_);
+  operation.guarded([&] { phone_.terminate(bundleIdentifier); });
 }
 
 const Element* SimulatedDriver::rootOf(const QueryRoot& root) const {
@@ -124,65 +133,68 @@ bool SimulatedDriver::isHittableNow(const Element& element) const {
 }
 
 std::size_t SimulatedDriver::count(const XCUIElementQuery& query) {
+  const Operation operation("count", query, phone_);
   const Element* const root = rootOf(query.root());
   if (root == nullptr) {
     return 0;
   }
-  return Operation("count", query).guarded([&] { return queries_.elements(query, *root).size(); });
+  return operation.guarded([&] { return queries_.elements(query, *root).size(); });
 }
 
 bool SimulatedDriver::exists(const XCUIElement& element) {
-  return found({"exists", element}, element) != nullptr;
+  return found({"exists", element, phone_}, element) != nullptr;
 }
 
 std::string SimulatedDriver::label(const XCUIElement& element) {
-  const Element* const existing = found({"label", element}, element);
+  const Element* const existing = found({"label", element, phone_}, element);
   return existing == nullptr ? "" : existing->label;
 }
 
 std::string SimulatedDriver::identifier(const XCUIElement& element) {
-  const Element* const existing = found({"identifier", element}, element);
+  const Element* const existing = found({"identifier", element, phone_}, element);
   return existing == nullptr ? "" : existing->identifier;
 }
 
 ElementValue SimulatedDriver::value(const XCUIElement& element) {
-  const Element* const existing = found({"value", element}, element);
+  const Element* const existing = found({"value", element, phone_}, element);
   return existing != nullptr && existing->value ? ElementValue(*existing->value) : ElementValue();
 }
 
 Rect SimulatedDriver::frame(const XCUIElement& element) {
-  const Element* const existing = found({"frame", element}, element);
+  const Element* const existing = found({"frame", element, phone_}, element);
   return existing == nullptr ? Rect{} : existing->frame;
 }
 
 bool SimulatedDriver::isHittable(const XCUIElement& element) {
-  const Element* const existing = found({"isHittable", element}, element);
+  const Element* const existing = found({"isHittable", element, phone_}, element);
   return existing != nullptr && isHittableNow(*existing);
 }
 
 XCTWaiterResult SimulatedDriver::waitForExistence(const XCUIElement& element, Seconds timeout) {
   return waitUntil(clock_, timeout, POLL_INTERVAL, [&] {
-    return found({"waitForExistence", element}, element) != nullptr;
+    return found({"waitForExistence", element, phone_}, element) != nullptr;
   });
 }
 
 XCTWaiterResult SimulatedDriver::waitForPredicate(const XCUIElement& element, const NSPredicate& predicate,
                                                   Seconds timeout) {
-  const Operation operation("waitForPredicate", element);
+  const Operation operation("waitForPredicate", element, phone_);
   const std::function<bool(const Element&)> hittable = [this](const Element& tested) { return isHittableNow(tested); };
   return operation.guarded([&] {
     const PredicateEvaluator evaluator(predicate);
-    return waitUntil(clock_, timeout, POLL_INTERVAL,
-                     [&] { return evaluator.evaluate(ElementAttributes(found(operation, element), hittable)); });
+    return waitUntil(clock_, timeout, POLL_INTERVAL, [&] {
+      phone_.passTime();
+      return evaluator.evaluate(ElementAttributes(found(operation, element), hittable));
+    });
   });
 }
 
 void SimulatedDriver::tap(const XCUIElement& element) {
-  touch({"tap", element}, element, Seconds::zero());
+  touch({"tap", element, phone_}, element, Seconds::zero());
 }
 
 void SimulatedDriver::press(const XCUIElement& element, Seconds duration) {
-  touch({"press", element}, element, duration);
+  touch({"press", element, phone_}, element, duration);
 }
 
 void SimulatedDriver::touch(const Operation& operation, const XCUIElement& element, Seconds duration) {
@@ -195,7 +207,7 @@ void SimulatedDriver::touch(const Operation& operation, const XCUIElement& eleme
 }
 
 void SimulatedDriver::typeText(const XCUIElement& element, std::string_view text) {
-  const Operation operation("typeText", element);
+  const Operation operation("typeText", element, phone_);
   dealWithAlerts(operation, element);
   if (!operation.guarded([&] { return phone_.type(required(operation, element), text); })) {
     operation.fail("neither it nor anything in it has the keyboard's focus");
@@ -203,7 +215,7 @@ void SimulatedDriver::typeText(const XCUIElement& element, std::string_view text
 }
 
 void SimulatedDriver::swipe(const XCUIElement& element, SwipeDirection direction) {
-  const Operation operation("swipe", element);
+  const Operation operation("swipe", element, phone_);
   dealWithAlerts(operation, element);
   const Element& swiped = required(operation, element);
   if (!hitPoint(swiped)) {
@@ -213,11 +225,11 @@ void SimulatedDriver::swipe(const XCUIElement& element, SwipeDirection direction
 }
 
 void SimulatedDriver::tap(const XCUICoordinate& point) {
-  touch({"tap", point}, point, Seconds::zero());
+  touch({"tap", point, phone_}, point, Seconds::zero());
 }
 
 void SimulatedDriver::press(const XCUICoordinate& point, Seconds duration) {
-  touch({"press", point}, point, duration);
+  touch({"press", point, phone_}, point, duration);
 }
 
 void SimulatedDriver::touch(const Operation& operation, const XCUICoordinate& point, Seconds duration) {
@@ -231,29 +243,33 @@ Point SimulatedDriver::screenPoint(const Operation& operation, const XCUICoordin
 }
 
 void SimulatedDriver::pressThenDrag(const XCUICoordinate& from, Seconds duration, const XCUICoordinate& to) {
-  const Operation operation("pressThenDrag", from);
+  const Operation operation("pressThenDrag", from, phone_);
   dealWithAlerts(operation, from.referencedElement());
   const Point start = screenPoint(operation, from);
-  const Point end = screenPoint({"pressThenDrag", to}, to);
+  const Point end = screenPoint({"pressThenDrag", to, phone_}, to);
   operation.guarded([&] { phone_.drag(start, duration, end); });
 }
 
 void SimulatedDriver::pressButton(XCUIDeviceButton button) {
   constexpr int ONE_STEP = 1;
-  switch (button) {
-    case XCUIDeviceButton::home:
-      phone_.pressHome();
-      break;
-    case XCUIDeviceButton::volumeUp:
-      phone_.changeVolume(ONE_STEP);
-      break;
-    case XCUIDeviceButton::volumeDown:
-      phone_.changeVolume(-ONE_STEP);
-      break;
-  }
+  const Operation operation("pressButton", button, phone_);
+  operation.guarded([&] {
+    switch (button) {
+      case XCUIDeviceButton::home:
+        phone_.pressHome();
+        break;
+      case XCUIDeviceButton::volumeUp:
+        phone_.changeVolume(ONE_STEP);
+        break;
+      case XCUIDeviceButton::volumeDown:
+        phone_.changeVolume(-ONE_STEP);
+        break;
+    }
+  });
 }
 
 std::optional<Data> SimulatedDriver::screenshot() {
+  const Operation operation("screenshot", phone_.description(), phone_);
   if (!picture_ || pictureRevision_ != phone_.revision()) {
     picture_ = painter_.png(phone_.layers());
     pictureRevision_ = phone_.revision();
@@ -262,11 +278,12 @@ std::optional<Data> SimulatedDriver::screenshot() {
 }
 
 std::string SimulatedDriver::debugDescription(const XCUIElement& element) {
+  const Operation operation("debugDescription", element, phone_);
   const Element* const root = rootOf(element.query().root());
   if (root == nullptr) {
     return queryChain(element);
   }
-  const auto stages = Operation("debugDescription", element).guarded([&] { return queries_.stages(element, *root); });
+  const auto stages = operation.guarded([&] { return queries_.stages(element, *root); });
   if (stages.back().empty()) {
     return queryChain(element);
   }

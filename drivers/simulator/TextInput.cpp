@@ -22,16 +22,6 @@ std::string bullets(std::size_t count) {
   return text;
 }
 
-void setText(Element& field, std::string text) {
-  const bool isSecure = field.type == ElementType::secureTextField;
-  if (text.empty()) {
-    field.value.reset();
-  } else {
-    field.value = isSecure ? bullets(characterCount(text)) : text;
-  }
-  field.secret = isSecure ? std::move(text) : "";
-}
-
 void removeLastCodePoint(std::string& text) {
   const auto isContinuation = [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; };
   while (text.size() > 1 && isContinuation(text.back())) {
@@ -49,6 +39,16 @@ bool takesText(ElementType type) {
 
 bool holdsLines(ElementType type) {
   return type == ElementType::textView;
+}
+
+void setText(Element& field, std::string text) {
+  const bool isSecure = field.type == ElementType::secureTextField;
+  if (text.empty()) {
+    field.value.reset();
+  } else {
+    field.value = isSecure ? bullets(characterCount(text)) : text;
+  }
+  field.secret = isSecure ? std::move(text) : "";
 }
 
 void insertText(Element& field, std::string_view text) {

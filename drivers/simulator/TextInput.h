@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "drivers/simulator/Element.h"
@@ -11,6 +12,9 @@ bool takesText(ElementType type);
 
 /// Whether the return key begins a new line in such an element, instead of ending its editing.
 bool holdsLines(ElementType type);
+
+/// Replaces the field's text. A field that is left empty has no value.
+void setText(Element& field, std::string text);
 
 /// Adds the text at the end of the field's text. The value of a secure field shows a bullet for each user-perceived
 /// character.

@@ -20,27 +20,24 @@ constexpr std::size_t MAXIMUM_NESTING = 500;
 
 constexpr int NUMBER_OVERFLOW_ID = 406;
 
-std::string placeOfMember(const std::string& place, std::string_view key) {
-  return place.empty() ? std::string(key) : place + '.' + std::string(key);
-}
-
-std::string placeOfElement(const std::string& place, std::size_t index) {
-  return place + '[' + std::to_string(index) + ']';
-}
-
 [[noreturn]] void failAt(const std::string& place, const std::string& reason) {
-  throw DecodingError((place.empty() ? "the document" : place) + ": " + reason);
+  throw DecodingError(place, reason);
 }
 
-// The column counts characters, so continuation bytes are left out.
-[[noreturn]] void failAtOffset(std::string_view text, std::size_t offset) {
-  const std::string_view before = text.substr(0, offset);
-  const std::string_view line = before.substr(before.rfind('\n') + 1);
-  const auto column = std::count_if(line.begin(), line.end(),
-                                    [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80; });
-  const std::string reason = offset < text.size() ? "unexpected character" : "the text ends too early";
-  throw DecodingError("line " + std::to_string(std::count(before.begin(), before.end(), '\n') + 1) + ", column " +
-                      std::to_string(column + 1) + ": " + reason);
+/// What the parser would have read on at, in its own words ("',' or '}'"); empty where it does not say.
+std::string_view expectedBy(const nlohmann::json::exception& error) {
+  constexpr std::string_view INTRODUCTION = "; expected ";
+  const std::string_view text = error.what();
+  const std::size_t start = text.find(INTRODUCTION);
+  return start == std::string_view::npos ? std::string_view() : text.substr(start + INTRODUCTION.size());
+}
+
+[[noreturn]] void failAtOffset(std::string_view text, std::size_t offset, std::string_view expected) {
+  std::string reason = offset < text.size() ? "unexpected character" : "the text ends too early";
+  if (!expected.empty()) {
+    reason.append("; expected ").append(expected);
+  }
+  throw DecodingError(placeInText(text, offset), reason);
 }
 
 // Builds the value from the parser's events. The parser keeps its own stack, so nesting costs no stack of the thread.
@@ -88,7 +85,7 @@ class ValueBuilder final : public nlohmann::json_sax<nlohmann::json> {
     if (error.id == NUMBER_OVERFLOW_ID) {
       failNumberTooLarge();
     }
-    failAtOffset(text_, position - 1);
+    failAtOffset(text_, position - 1, expectedBy(error));
   }
 
  private:
@@ -129,7 +126,7 @@ class ValueBuilder final : public nlohmann::json_sax<nlohmann::json> {
     std::string place;
     for (const Container& container : open_) {
       const auto* array = std::get_if<JSONValue::Array>(&container.items);
-      place = array != nullptr ? placeOfElement(place, array->size()) : placeOfMember(place, container.key);
+      place = array != nullptr ? keyPathOfElement(place, array->size()) : keyPathOfMember(place, container.key);
     }
     failAt(place, "the number is too large");
   }
@@ -281,7 +278,26 @@ bool isWholeNumber(double number) {
   return number >= -LIMIT && number < LIMIT && std::trunc(number) == number;
 }
 
+std::string textOf(const DecodingError::Place& place) {
+  if (const auto* const inText = std::get_if<TextPlace>(&place)) {
+    return "line " + std::to_string(inText->line) + ", column " + std::to_string(inText->column);
+  }
+  const auto& keyPath = std::get<std::string>(place);
+  return keyPath.empty() ? "the document" : keyPath;
+}
+
 }  // namespace
+
+DecodingError::DecodingError(Place place, const std::string& reason)
+    : std::runtime_error(textOf(place) + ": " + reason), place_(std::move(place)), reason_(reason) {}
+
+std::string keyPathOfMember(const std::string& place, std::string_view key) {
+  return place.empty() ? std::string(key) : place + '.' + std::string(key);
+}
+
+std::string keyPathOfElement(const std::string& place, std::size_t index) {
+  return place + '[' + std::to_string(index) + ']';
+}
 
 std::string JSONEncoder::encode(const JSONValue& value) {
   const std::string text = compactText(writable(value));
@@ -305,7 +321,7 @@ JSONValue JSONDecoder::decode(std::string_view text) {
   nlohmann::json::sax_parse(text, &builder);
   // The parser takes a NUL after the value for the end of the text.
   if (const std::size_t nul = text.find('\0'); nul != std::string_view::npos) {
-    failAtOffset(text, nul);
+    failAtOffset(text, nul, "end of input");
   }
   return builder.takeResult();
 }
@@ -313,7 +329,7 @@ JSONValue JSONDecoder::decode(std::string_view text) {
 JSONReader JSONReader::member(std::string_view key) const {
   const std::optional<JSONReader> found = optionalMember(key);
   if (!found) {
-    failAt(placeOfMember(place_, key), "missing");
+    failAt(keyPathOfMember(place_, key), "missing");
   }
   return *found;
 }
@@ -327,7 +343,7 @@ std::optional<JSONReader> JSONReader::optionalMember(std::string_view key) const
   if (found == object->end()) {
     return std::nullopt;
   }
-  return JSONReader(found->second, placeOfMember(place_, key));
+  return JSONReader(found->second, keyPathOfMember(place_, key));
 }
 
 std::vector<std::pair<std::string, JSONReader>> JSONReader::members() const {
@@ -337,7 +353,7 @@ std::vector<std::pair<std::string, JSONReader>> JSONReader::members() const {
   }
   std::vector<std::pair<std::string, JSONReader>> result;
   for (const auto& [key, member] : *object) {
-    result.emplace_back(key, JSONReader(member, placeOfMember(place_, key)));
+    result.emplace_back(key, JSONReader(member, keyPathOfMember(place_, key)));
   }
   return result;
 }
@@ -349,7 +365,7 @@ std::vector<JSONReader> JSONReader::elements() const {
   }
   std::vector<JSONReader> result;
   for (const JSONValue& element : *array) {
-    result.push_back(JSONReader(element, placeOfElement(place_, result.size())));
+    result.push_back(JSONReader(element, keyPathOfElement(place_, result.size())));
   }
   return result;
 }
@@ -365,12 +381,43 @@ std::int64_t JSONReader::integer() const {
   return static_cast<std::int64_t>(*number);
 }
 
+double JSONReader::number() const {
+  if (const auto* integer = std::get_if<std::int64_t>(&value_->variant())) {
+    return static_cast<double>(*integer);
+  }
+  const auto* number = std::get_if<double>(&value_->variant());
+  if (number == nullptr) {
+    failExpecting("a number");
+  }
+  return *number;
+}
+
 std::string JSONReader::text() const {
   const auto* text = std::get_if<std::string>(&value_->variant());
   if (text == nullptr) {
     failExpecting("a text");
   }
   return *text;
+}
+
+bool JSONReader::truthValue() const {
+  const auto* truth = std::get_if<bool>(&value_->variant());
+  if (truth == nullptr) {
+    failExpecting("true or false");
+  }
+  return *truth;
+}
+
+bool JSONReader::isNull() const {
+  return std::holds_alternative<std::nullptr_t>(value_->variant());
+}
+
+bool JSONReader::isText() const {
+  return std::holds_alternative<std::string>(value_->variant());
+}
+
+bool JSONReader::isObject() const {
+  return std::holds_alternative<JSONValue::Object>(value_->variant());
 }
 
 void JSONReader::fail(const std::string& reason) const {

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "platform/foundation/Data.h"
+#include "platform/foundation/TextPlace.h"
 
 namespace quobrak {
 
@@ -18,8 +19,23 @@ namespace quobrak {
 /// that is no JSON, as line and column (from 1).
 class DecodingError : public std::runtime_error {
  public:
-  using std::runtime_error::runtime_error;
+  /// A key path, which is empty for the document itself, or a place in the text.
+  using Place = std::variant<std::string, TextPlace>;
+
+  DecodingError(Place place, const std::string& reason);
+
+  const Place& place() const { return place_; }
+  /// What is wrong, without the place.
+  const std::string& reason() const { return reason_; }
+
+ private:
+  Place place_;
+  std::string reason_;
 };
+
+/// The key path of a member of the object, or of an element of the array, that has the key path `place`.
+std::string keyPathOfMember(const std::string& place, std::string_view key);
+std::string keyPathOfElement(const std::string& place, std::size_t index);
 
 /// A JSON value in memory. The keys of an object are in ascending byte order.
 class JSONValue {
@@ -82,7 +98,15 @@ class JSONReader {
   std::vector<JSONReader> elements() const;
   /// A whole number of signed 64 bits; 2.0 is one.
   std::int64_t integer() const;
+  double number() const;
   std::string text() const;
+  bool truthValue() const;
+  bool isNull() const;
+  bool isText() const;
+  bool isObject() const;
+
+  /// Empty for the document itself.
+  const std::string& keyPath() const { return place_; }
 
   /// Throws a `DecodingError` that names this place and the reason.
   [[noreturn]] void fail(const std::string& reason) const;

@@ -11,8 +11,8 @@ using ::testing::ThrowsMessage;
 
 constexpr const char* PAGE = R"(<Switch name="switch" value="0" x="0" y="0" width="100" height="200"/>)";
 constexpr const char* ASKING = R"([{"on": "launch", "do": [
-    {"alert": {"title": "first", "buttons": ["No", "Yes"]}, "answer": "first"},
-    {"alert": {"title": "second", "buttons": ["OK"]}}]}])";
+    {"systemAlert": {"title": "first", "buttons": ["No", "Yes"]}, "answer": "first"},
+    {"systemAlert": {"title": "second", "buttons": ["OK"]}}]}])";
 
 /// A switch with two alerts of the system process in front of it, and handlers that write down what they are asked.
 class Interruptions : public ConformanceTest {

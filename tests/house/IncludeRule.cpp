@@ -44,7 +44,7 @@ const std::vector<Library>& libraries() {
   static const std::vector<Library> LIBRARIES{
       {{"unicode/"}, {"platform/foundation/icu/", "tests/drivers/xctest/standins/", "benchmarks/"}},
       {{"Foundation/", "XCTest/", "objc/", "Block.h"}, {"drivers/xctest/", "tests/drivers/xctest/", "benchmarks/"}},
-      {{"nlohmann/", "simdjson.h"}, {"platform/foundation/JSON.cpp"}},
+      {{"nlohmann/", "simdjson.h"}, {"platform/foundation/JSON.cpp", "platform/foundation/JSONPlaces.cpp"}},
       {{"cairo", "ft2build.h", "FT_FREETYPE_H", "freetype/", "png.h"},
        {"drivers/simulator/", "tests/drivers/simulator/", "benchmarks/"}},
       {{"pugixml.hpp"},

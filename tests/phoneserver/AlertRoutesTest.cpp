@@ -10,7 +10,7 @@ namespace {
 using quobrak::testing::TestPhone;
 
 constexpr const char* ALERT_AT_LAUNCH =
-    R"([{"on": "launch", "do": [{"alert": {"title": "Hello", "message": "", "buttons": ["No", "Yes"]}}]}])";
+    R"([{"on": "launch", "do": [{"systemAlert": {"title": "Hello", "message": "", "buttons": ["No", "Yes"]}}]}])";
 constexpr const char* PIN = "{'settings': {'defaultActiveApplication': 'com.example.test'}}";
 
 TEST(AlertRoutes, TellAnAlert) {

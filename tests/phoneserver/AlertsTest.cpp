@@ -13,7 +13,7 @@ using ::testing::ElementsAre;
 using Binding = ServedPhone::Binding;
 
 constexpr const char* ALERT_AT_LAUNCH =
-    R"([{"on": "launch", "do": [{"alert": {"title": "Hello", "message": "World", "buttons": ["No", "Maybe", "Yes"]}}]}])";
+    R"([{"on": "launch", "do": [{"systemAlert": {"title": "Hello", "message": "World", "buttons": ["No", "Maybe", "Yes"]}}]}])";
 
 Alert theAlert(TestPhone& phone) {
   return Alert::required(phone.served(), Binding::toSession);
@@ -56,9 +56,9 @@ constexpr const char* PAGE_WITH_SHEET = R"(
     <XCUIElementTypeButton name="Last" label="Last" x="0" y="40" width="100" height="20"/>
   </XCUIElementTypeSheet>)";
 constexpr const char* TELL_WHICH = R"([
-  {"on": "tap", "element": "label == \"First\"", "do": [{"alert": {"title": "1", "message": "", "buttons": ["OK"]}}]},
-  {"on": "tap", "element": "label == \"Middle\"", "do": [{"alert": {"title": "2", "message": "", "buttons": ["OK"]}}]},
-  {"on": "tap", "element": "label == \"Last\"", "do": [{"alert": {"title": "3", "message": "", "buttons": ["OK"]}}]}])";
+  {"on": "tap", "element": "label == \"First\"", "do": [{"systemAlert": {"title": "1", "message": "", "buttons": ["OK"]}}]},
+  {"on": "tap", "element": "label == \"Middle\"", "do": [{"systemAlert": {"title": "2", "message": "", "buttons": ["OK"]}}]},
+  {"on": "tap", "element": "label == \"Last\"", "do": [{"systemAlert": {"title": "3", "message": "", "buttons": ["OK"]}}]}])";
 
 TEST(Alerts, ASheetIsAcceptedByItsFirstButtonAndDismissedByItsLast) {
   TestPhone accepted(PAGE_WITH_SHEET, TELL_WHICH);

@@ -13,7 +13,7 @@ using Binding = ServedPhone::Binding;
 constexpr const char* HOME = "com.apple.springboard";
 constexpr const char* TEST_APPLICATION = "com.example.test";
 constexpr const char* ALERT_AT_LAUNCH =
-    R"([{"on": "launch", "do": [{"alert": {"title": "Hello", "message": "", "buttons": ["No", "Yes"]}}]}])";
+    R"([{"on": "launch", "do": [{"systemAlert": {"title": "Hello", "message": "", "buttons": ["No", "Yes"]}}]}])";
 
 TEST(ServedPhone, CountsTheStatesOfApplications) {
   TestPhone phone;

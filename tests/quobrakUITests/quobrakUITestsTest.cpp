@@ -261,7 +261,7 @@ TEST(PermissionAlert, Location) {
 }
 
 TEST(PermissionAlert, LocationIsAnsweredAllowOnceWhereThereIsAnAllow) {
-  testing::TestPlatform platform(GO, onLaunch(R"({"alert": {"title": "Allow to use your location?",
+  testing::TestPlatform platform(GO, onLaunch(R"({"systemAlert": {"title": "Allow to use your location?",
                                                             "buttons": ["Allow", "Allow Once", "OK"]}})"));
   EXPECT_THAT(buttonsTappedMeanwhile(platform), ElementsAre("Allow Once"));
 }
@@ -286,14 +286,14 @@ TEST(PermissionAlert, Tracking) {
 
 TEST(PermissionAlert, TrackingWithAStraightApostropheIsLeftAlone) {
   testing::TestPlatform platform(
-      GO, onLaunch(R"({"alert": {"title": "Allow to track your activity across other companies' apps and websites?",
+      GO, onLaunch(R"({"systemAlert": {"title": "Allow to track your activity across other companies' apps and websites?",
                                  "buttons": ["Allow", "OK"]}})"));
   EXPECT_THAT(buttonsTappedMeanwhile(platform), IsEmpty());
   EXPECT_NE(platform.phone().alert(), nullptr);
 }
 
 TEST(PermissionAlert, UnknownAlertIsLeftAlone) {
-  testing::TestPlatform platform(GO, onLaunch(R"({"alert": {"title": "Low battery", "message": "10 percent left",
+  testing::TestPlatform platform(GO, onLaunch(R"({"systemAlert": {"title": "Low battery", "message": "10 percent left",
                                                             "buttons": ["Allow", "OK"]}})"));
   EXPECT_TRUE(isLeftToEarlierHandlers(platform));
   EXPECT_NE(platform.phone().alert(), nullptr);
@@ -302,7 +302,7 @@ TEST(PermissionAlert, UnknownAlertIsLeftAlone) {
 }
 
 TEST(PermissionAlert, ButtonsTextsDoNotMakeAnAlertKnown) {
-  testing::TestPlatform platform(GO, onLaunch(R"({"alert": {"title": "Low battery",
+  testing::TestPlatform platform(GO, onLaunch(R"({"systemAlert": {"title": "Low battery",
                                                             "buttons": ["To access the camera", "OK"]}})"));
   EXPECT_TRUE(isLeftToEarlierHandlers(platform));
 }
@@ -319,7 +319,7 @@ INSTANTIATE_TEST_SUITE_P(PermissionAlert, AskedPermission,
                          ::testing::Values("location", "camera", "notifications", "tracking"));
 
 TEST(PermissionAlert, MessageCountsAsWellAsTheTitle) {
-  testing::TestPlatform platform(GO, onLaunch(R"({"alert": {"title": "Test", "message": "Wants TO ACCESS THE CAMERA.",
+  testing::TestPlatform platform(GO, onLaunch(R"({"systemAlert": {"title": "Test", "message": "Wants TO ACCESS THE CAMERA.",
                                                             "buttons": ["OK"]}})"));
   EXPECT_THAT(buttonsTappedMeanwhile(platform), ElementsAre("OK"));
 }
@@ -344,7 +344,7 @@ void PrintTo(const AmbiguousAlert& alert, std::ostream* stream) {
 class AlertWithTwoOfTheTexts : public ::testing::TestWithParam<AmbiguousAlert> {};
 
 TEST_P(AlertWithTwoOfTheTexts, IsAnsweredByTheFirstInOrder) {
-  testing::TestPlatform platform(GO, onLaunch(R"({"alert": {"title": ")" + GetParam().title + R"(", "message": ")" +
+  testing::TestPlatform platform(GO, onLaunch(R"({"systemAlert": {"title": ")" + GetParam().title + R"(", "message": ")" +
                                               GetParam().message + R"(", "buttons": ["OK", "Allow", "Allow Once"]}})"));
   EXPECT_THAT(buttonsTappedMeanwhile(platform), ElementsAre(GetParam().answer));
 }
@@ -360,7 +360,7 @@ INSTANTIATE_TEST_SUITE_P(
                       AmbiguousAlert{"Tracking then notifications", TRACKING, NOTIFICATIONS, "Allow"}));
 
 TEST(PermissionAlert, TextsAreAskedForInTheirOrder) {
-  testing::TestPlatform platform(GO, onLaunch(R"({"alert": {"title": "Unknown", "buttons": ["OK"]}})"));
+  testing::TestPlatform platform(GO, onLaunch(R"({"systemAlert": {"title": "Unknown", "buttons": ["OK"]}})"));
   buttonsTappedMeanwhile(platform);
   std::vector<std::string> questions;
   for (const std::string& operation : platform.driver().operations) {
@@ -377,7 +377,7 @@ TEST(PermissionAlert, TextsAreAskedForInTheirOrder) {
 
 TEST(PermissionAlert, ButtonThatIsNotThereIsTappedAllTheSame) {
   testing::TestPlatform platform(
-      GO, onLaunch(R"({"alert": {"title": "Test wants to use your location?", "buttons": ["Allow"]}})"));
+      GO, onLaunch(R"({"systemAlert": {"title": "Test wants to use your location?", "buttons": ["Allow"]}})"));
   Application::applicationStart("com.example.test");
   setCommand("clickByText,Go");
   quobrakUITests test;

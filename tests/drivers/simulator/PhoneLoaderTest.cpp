@@ -83,56 +83,6 @@ TEST(PhoneLoader, LaunchTimeAndRulesMayBeLeftOut) {
   EXPECT_TRUE(phone.applications.at("com.apple.springboard").rules.empty());
 }
 
-TEST(PhoneLoader, Rules) {
-  MemoryPhoneFiles files = smallPhone("", R"([
-    {"on": "launch", "when": {"a": "1", "b": ""}, "do": [{"show": "second"}, {"set": {"a": "2"}}]},
-    {"on": "tap", "element": "label == 'OK'", "do": [{"open": "com.apple.springboard"}]}])");
-  files["test/second.xml"] = "<Window/>";
-  const PhoneDescription phone = loadPhone(files);
-  const ApplicationDescription& application = phone.applications.at("com.example.test");
-  EXPECT_TRUE(application.screens.contains("second"));
-  ASSERT_EQ(application.rules.size(), 2);
-
-  const Rule& launch = application.rules[0];
-  EXPECT_EQ(launch.event, RuleEvent::launch);
-  EXPECT_FALSE(launch.element);
-  EXPECT_THAT(launch.condition, ElementsAre(Pair("a", "1"), Pair("b", "")));
-  ASSERT_EQ(launch.effects.size(), 2);
-  EXPECT_EQ(std::get<ShowScreen>(launch.effects[0]).screen, "second");
-  EXPECT_EQ(std::get<SetValue>(launch.effects[1]).name, "a");
-  EXPECT_EQ(std::get<SetValue>(launch.effects[1]).text, "2");
-
-  const Rule& tap = application.rules[1];
-  EXPECT_EQ(tap.event, RuleEvent::tap);
-  EXPECT_TRUE(tap.element);
-  EXPECT_TRUE(tap.condition.empty());
-  EXPECT_EQ(std::get<OpenApplication>(tap.effects.at(0)).bundleIdentifier, "com.apple.springboard");
-}
-
-TEST(PhoneLoader, Alerts) {
-  const PhoneDescription phone = loadPhone(smallPhone("", R"([{"on": "launch", "do": [
-    {"alert": {"title": "Sold out", "message": "Sorry.", "buttons": ["No", "Yes"]}, "answer": "sorry"},
-    {"alert": {"title": "Sold out", "buttons": ["OK"]}},
-    {"askPermission": "location", "message": "For maps.", "answer": "place"},
-    {"askPermission": "camera"}]}])"));
-  const auto& effects = phone.applications.at("com.example.test").rules.at(0).effects;
-  const auto& answered = std::get<RaiseAlert>(effects.at(0));
-  EXPECT_EQ(answered.alert.title, "Sold out");
-  EXPECT_EQ(answered.alert.message, "Sorry.");
-  EXPECT_THAT(answered.alert.buttons, ElementsAre("No", "Yes"));
-  EXPECT_EQ(answered.answer, "sorry");
-  const auto& plain = std::get<RaiseAlert>(effects.at(1));
-  EXPECT_EQ(plain.alert.message, "");
-  EXPECT_EQ(plain.answer, "");
-  const auto& location = std::get<RaiseAlert>(effects.at(2));
-  EXPECT_EQ(location.alert.title, "Allow “Test” to use your location?");
-  EXPECT_EQ(location.alert.message, "For maps.");
-  EXPECT_EQ(location.answer, "place");
-  const auto& camera = std::get<RaiseAlert>(effects.at(3));
-  EXPECT_EQ(camera.alert.title, "“Test” Would Like to Access the Camera");
-  EXPECT_EQ(camera.answer, "");
-}
-
 TEST(PhoneLoader, TheBuiltInPhone) {
   const PhoneDescription phone = loadPhone(BuiltinPhoneFiles());
   EXPECT_EQ(phone.home, "com.apple.springboard");
@@ -221,73 +171,6 @@ TEST(PhoneLoader, FaultsOfAScreenNameTheFile) {
   EXPECT_EQ(
       faultOf(files),
       R"(test/start.xml: line 2, column 2: "Knob" is no element type; one is written like "XCUIElementTypeButton")");
-}
-
-TEST(PhoneLoader, FaultsOfARule) {
-  struct Row {
-    std::string rule;
-    std::string fault;
-  };
-  const Row ROWS[] = {
-      {R"({"do": []})", "on: missing"},
-      {R"({"on": "swipe", "do": []})", R"(on: must be "launch" or "tap", found "swipe")"},
-      {R"({"on": "launch"})", "do: missing"},
-      {R"({"on": "launch", "do": {}})", "do: expected an array, found an object"},
-      {R"({"on": "launch", "if": {}, "do": []})",
-       R"(if: unknown; what may stand here is "on", "element", "when", "do")"},
-      {R"({"on": "launch", "element": "TRUEPREDICATE", "do": []})", "element: a launch has no element"},
-      {R"({"on": "launch", "when": {"a": 1}, "do": []})", "when.a: expected a text, found a number"},
-      {R"({"on": "tap", "do": []})", "element: missing"},
-      {R"({"on": "tap", "element": "label = ", "do": []})",
-       "element: column 9: expected a key path, a text, TRUE, FALSE or %@, found the end in the predicate format: "
-       "label = "},
-      {R"({"on": "tap", "element": "label MATCHES '('", "do": []})",
-       R"(element: the regular expression "(" cannot be read: a parenthesis has no partner, at character 1)"},
-      {R"({"on": "tap", "element": "enabled == FALSE AND title == 'OK'", "do": []})",
-       R"(element: elements have no attribute "title"; they have label, identifier, placeholderValue, value, )"
-       R"(enabled, selected, exists, hittable)"},
-  };
-  for (const auto& [rule, fault] : ROWS) {
-    EXPECT_EQ(faultOf(smallPhone("", "[" + rule + "]")), "test/app.json: rules[0]." + fault) << rule;
-  }
-}
-
-TEST(PhoneLoader, FaultsOfAnEffect) {
-  struct Row {
-    std::string effect;
-    std::string fault;
-  };
-  const Row ROWS[] = {
-      {"{}", R"(: expected an effect: "show", "set", "askPermission", "alert" or "open")"},
-      {"\"show\"", ": expected an object, found a text"},
-      {R"({"hide": "start"})",
-       R"(.hide: unknown; what may stand here is "show", "set", "askPermission", "alert", "open")"},
-      {R"({"show": "second"})", R"(.show: there is no screen "second": test/second.xml is missing or cannot be read)"},
-      {R"({"show": "start", "open": "com.example.test"})", R"(.open: unknown; what may stand here is "show")"},
-      {R"({"set": {}})", ".set: expected one named value, found 0"},
-      {R"({"set": {"a": "1", "b": "2"}})", ".set: expected one named value, found 2"},
-      {R"({"set": {"a": true}})", ".set.a: expected a text, found a truth value"},
-      {R"({"set": {"a": "1"}, "answer": "a"})", R"(.answer: unknown; what may stand here is "set")"},
-      {R"({"askPermission": "contacts"})",
-       R"(.askPermission: must be one of "location", "camera", "notifications", "tracking", found "contacts")"},
-      {R"({"askPermission": "camera", "buttons": []})",
-       R"(.buttons: unknown; what may stand here is "askPermission", "message", "answer")"},
-      {R"({"askPermission": "camera", "answer": 1})", ".answer: expected a text, found a number"},
-      {R"({"alert": {"buttons": ["OK"]}})", ".alert.title: missing"},
-      {R"({"alert": {"title": "", "buttons": ["OK"]}})", ".alert.title: must not be empty"},
-      {R"({"alert": {"title": "A"}})", ".alert.buttons: missing"},
-      {R"({"alert": {"title": "A", "buttons": []}})",
-       ".alert.buttons: an alert without a button could never be answered"},
-      {R"({"alert": {"title": "A", "buttons": ["OK", ""]}})", ".alert.buttons[1]: must not be empty"},
-      {R"({"alert": {"title": "A", "buttons": ["OK"], "text": "B"}})",
-       R"(.alert.text: unknown; what may stand here is "title", "message", "buttons")"},
-      {R"({"open": ""})", ".open: must not be empty"},
-  };
-  for (const auto& [effect, fault] : ROWS) {
-    EXPECT_EQ(faultOf(smallPhone("", R"([{"on": "launch", "do": [)" + effect + "]}]")),
-              "test/app.json: rules[0].do[0]" + fault)
-        << effect;
-  }
 }
 
 TEST(PhoneLoader, AnUnknownApplicationIsOpened) {

@@ -55,7 +55,7 @@ std::string show(const std::string& screen) {
 }
 
 std::string alert(const std::string& title, const std::string& answer = "") {
-  return R"({"alert": {"title": ")" + title + R"(", "buttons": ["OK"]}, "answer": ")" + answer + "\"}";
+  return R"({"systemAlert": {"title": ")" + title + R"(", "buttons": ["OK"]}, "answer": ")" + answer + "\"}";
 }
 
 /// The small phone, with more screens of its application to be shown: each has one button that is called like it.
@@ -761,7 +761,7 @@ TEST_F(PhoneTest, AScreenIsShownAsItWasAtFirst) {
 }
 
 TEST_F(PhoneTest, AllRulesOfALaunchThatHoldApply) {
-  start(phoneWith("", R"({"on": "launch", "when": {"a": "1"}, "do": [{"alert": {"title": "no", "buttons": ["OK"]}}]},
+  start(phoneWith("", R"({"on": "launch", "when": {"a": "1"}, "do": [{"systemAlert": {"title": "no", "buttons": ["OK"]}}]},
       {"on": "launch", "do": [{"set": {"a": "1"}}]},
       {"on": "launch", "when": {"a": "1"}, "do": [{"show": "one"}]})"));
   EXPECT_THAT(labels(), ElementsAre("one"));

@@ -563,9 +563,9 @@ constexpr const char* CHANGING_PAGE = R"(
 
 constexpr const char* CHANGING_RULES = R"([
   {"on": "tap", "element": "label == 'other'", "do": [{"show": "start"}]},
-  {"on": "tap", "element": "label == 'ask'", "do": [{"alert": {"title": "One", "message": "?", "buttons": ["OK"]}}]},
+  {"on": "tap", "element": "label == 'ask'", "do": [{"systemAlert": {"title": "One", "message": "?", "buttons": ["OK"]}}]},
   {"on": "tap", "element": "label == 'ask and open'", "do": [
-    {"alert": {"title": "Two", "message": "?", "buttons": ["OK"]}}, {"open": "com.example.other"}]},
+    {"systemAlert": {"title": "Two", "message": "?", "buttons": ["OK"]}}, {"open": "com.example.other"}]},
   {"on": "tap", "element": "label == 'show and open'", "do": [{"show": "start"}, {"open": "com.example.other"}]}])";
 
 PhoneDescription changingPhone() {
@@ -734,8 +734,8 @@ Query chain:
 
 constexpr const char* SWITCH = R"(<Switch name="switch" value="0" x="0" y="0" width="100" height="200"/>)";
 constexpr const char* ASKING = R"([{"on": "launch", "do": [
-    {"alert": {"title": "first", "buttons": ["No", "Yes"]}, "answer": "first"},
-    {"alert": {"title": "second", "buttons": ["OK"]}}]}])";
+    {"systemAlert": {"title": "first", "buttons": ["No", "Yes"]}, "answer": "first"},
+    {"systemAlert": {"title": "second", "buttons": ["OK"]}}]}])";
 
 /// The switch with two alerts in front of it, and handlers that write down what they are asked.
 class InterruptionTest : public SimulatedDriverTest {

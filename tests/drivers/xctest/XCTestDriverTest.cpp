@@ -316,7 +316,7 @@ TEST_F(XCTestDriverTest, EachButtonAndDirectionIsTheFrameworksOwn) {
 class XCTestDriverInterruptions : public XCTestDriverTest {
  protected:
   XCTestDriverInterruptions()
-      : XCTestDriverTest(R"([{"on": "launch", "do": [{"alert": {"title": "Allow?", "buttons": ["OK"]}}]}])") {}
+      : XCTestDriverTest(R"([{"on": "launch", "do": [{"systemAlert": {"title": "Allow?", "buttons": ["OK"]}}]}])") {}
 };
 
 TEST_F(XCTestDriverInterruptions, WhatAHandlerRaisesIsRaisedByTheActionThatWasInterrupted) {

@@ -13,6 +13,7 @@ PhoneAccess::PhoneAccess(simulator::Phone& phone)
     : phone_(phone), painter_(phone.description().size, phone.description().scale) {}
 
 const Element* PhoneAccess::screenOf(const std::string& bundleIdentifier) const {
+  phone_.passTime();
   const simulator::RunningApplication* const running = phone_.running(bundleIdentifier);
   return running == nullptr ? nullptr : running->screen.get();
 }
@@ -38,6 +39,7 @@ bool PhoneAccess::isBlocked(const Element& element) const {
 }
 
 std::optional<Data> PhoneAccess::picture() const {
+  phone_.passTime();
   return painter_.png(phone_.layers());
 }
 

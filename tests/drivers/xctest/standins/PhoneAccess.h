@@ -13,7 +13,8 @@
 
 namespace quobrak::testing {
 
-/// What the stand-ins ask of the simulated phone beyond its own interface.
+/// What the stand-ins ask of the simulated phone beyond its own interface. Asking for a screen or a picture lets happen
+/// what has come due on the phone until then.
 class PhoneAccess {
  public:
   explicit PhoneAccess(simulator::Phone& phone);

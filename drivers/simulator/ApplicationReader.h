@@ -1,0 +1,49 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <set>
+#include <string>
+
+#include "drivers/simulator/DescriptionFile.h"
+#include "drivers/simulator/PhoneDescription.h"
+#include "drivers/simulator/PhoneFiles.h"
+#include "drivers/simulator/RuleReader.h"
+
+namespace quobrak::simulator {
+
+/// Reads an application from its folder: app.json and the page sources that it names.
+class ApplicationReader {
+ public:
+  /// Checks that the phone has the application, now or later; `at` is a place in `file`.
+  using RequireApplication =
+      std::function<void(DescriptionFile& file, const JSONReader& at, const std::string& bundleIdentifier)>;
+
+  /// All that is handed over must outlive the reader; `phone` tells the screen's size and the named values.
+  ApplicationReader(const PhoneFiles& files, std::string folder, const PhoneDescription& phone,
+                    DescriptionFaults& faults, RequireApplication requireApplication);
+
+  /// The application as far as it can be used; all faults are noted.
+  ApplicationDescription read();
+
+ private:
+  using Pages = std::map<std::string, std::unique_ptr<Element>>;
+
+  void readContent(const JSONReader& json);
+  void readRules(const JSONReader& json);
+  /// Loads the page of that name, once.
+  void requirePage(const JSONReader& at, const std::string& name, Pages& pages);
+
+  const PhoneFiles& files_;
+  std::string folder_;
+  const PhoneDescription& phone_;
+  DescriptionFaults& faults_;
+  RequireApplication requireApplication_;
+  DescriptionFile file_;
+  /// Pages whose faults were told.
+  std::set<std::string> faultyPages_;
+  ApplicationDescription application_;
+};
+
+}  // namespace quobrak::simulator

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+namespace quobrak {
+
+/// A place in a text, as people and editors count: both from 1, the column in code points.
+struct TextPlace {
+  std::size_t line = 1;
+  std::size_t column = 1;
+
+  auto operator<=>(const TextPlace&) const = default;
+};
+
+/// The place of the byte at that offset, which may be one past the end, in a text of UTF-8.
+TextPlace placeInText(std::string_view text, std::size_t offset);
+
+}  // namespace quobrak
