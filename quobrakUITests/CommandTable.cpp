@@ -1,6 +1,7 @@
 #include "quobrakUITests/CommandTable.h"
 
 #include "quobrakUITests/Application.h"
+#include "quobrakUITests/BrowserManager.h"
 #include "quobrakUITests/Click.h"
 #include "quobrakUITests/Device.h"
 #include "quobrakUITests/FWKTError.h"
@@ -66,6 +67,11 @@ using BundleId = DirectField<Field, "bundleId">;
 template <std::size_t Field>
 using Selector = DirectField<Field, "selector">;
 template <std::size_t Field>
+using UseBlankPage =
+    CheckedField<&Parameters::getUseBlankPage, Field, "useBlankPage", Unit::truthValue, DEFAULT_USE_BLANK_PAGE>;
+template <std::size_t Field, FixedText Label>
+using Url = CheckedField<&Parameters::getUrl, Field, Label, Unit::text>;
+template <std::size_t Field>
 using PauseDuration = CheckedField<&Parameters::getPauseDuration, Field, "timeMillis", Unit::milliseconds>;
 template <std::size_t Field>
 using PressDuration =
@@ -105,6 +111,16 @@ constexpr std::array ROWS{
         "applicationStart", "Starts an application, or restarts it, and makes it the one that commands act on."),
     command<&Application::applicationKill, BundleId<1>>("applicationKill", "Ends an application."),
 
+    command<&BrowserManager::launchBrowser>(
+        "launchBrowser", "Starts the browser, or restarts it, and makes it the application that commands act on."),
+    command<&BrowserManager::browserGoToUrl, DirectField<1, "url">>(
+        "browserGoToUrl", "Types an address into the browser's address field, without submitting it."),
+    command<&BrowserManager::clearCache>("browserClearCache", "Clears the browser's history and data in Settings."),
+    command<&BrowserManager::prepareAndOpen>("browserPrepareAndOpen",
+                                             "Clears the browser's history and data, and starts the browser anew."),
+    command<&BrowserManager::prepareAndOpenForReference, UseBlankPage<1>>(
+        "browserPrepareAndOpenForReference", "Does the same, and shows a black or a blank page for a minute."),
+
     command<&Click::clickByText, Selector<1>>(
         "clickByText", "Taps the first element whose label, identifier or placeholder contains a text."),
     command<&Click::clickByTextExact, Selector<1>>(
@@ -126,6 +142,9 @@ constexpr std::array ROWS{
         "findByText", "Finds an element whose label, identifier or placeholder contains a text."),
     command<&findByTextExact, Selector<1>, NthElement<2>, IsEnabled<3>>(
         "findByTextExact", "Finds an element whose label, identifier or placeholder matches a pattern."),
+
+    command<&Application::installApp, Url<1, "appStoreUrl">>("installApp",
+                                                             "Installs the application of an App Store link."),
 
     command<&measureStart, DirectField<1, "stepName">>("measureStart",
                                                        "Takes a screenshot and begins a measured step."),
@@ -202,7 +221,7 @@ constexpr std::array ROWS{
         "swipeUpwardToText", "Swipes upward until the element that contains a text can be tapped."),
 };
 
-static_assert(tableFault(ROWS, 48) == TableFault::none);
+static_assert(tableFault(ROWS, 54) == TableFault::none);
 
 }  // namespace
 

@@ -55,6 +55,18 @@ DriverKind driverKind(const Variables& variable, Faults& faults) {
   return value == "webdriver" ? DriverKind::webdriver : DriverKind::simulator;
 }
 
+ReferencePage referencePage(const Variables& variable, Faults& faults) {
+  const std::optional<std::string> address = variable(ReferencePage::VARIABLE);
+  if (!address) {
+    return {};
+  }
+  const std::optional<ReferencePage> page = ReferencePage::at(*address);
+  if (!page) {
+    faults.add(ReferencePage::VARIABLE, *address, ReferencePage::RIGHT_ADDRESS);
+  }
+  return page.value_or(ReferencePage());
+}
+
 std::string serverUrl(const Variables& variable, const std::string& dialect, Faults& faults) {
   // Where the servers listen unless they are told otherwise.
   const std::string usual = dialect == "wda" ? "http://127.0.0.1:8100" : "http://127.0.0.1:4723";
@@ -79,8 +91,8 @@ WebDriverConfiguration webDriverConfiguration(const Variables& variable, Faults&
               path(variable, "QUOBRAK_WEBDRIVER_CAPABILITIES", "a file with a JSON object, or not be set", faults)};
 }
 
-constexpr std::array<std::string_view, 4> COMMON_VARIABLES = {"QUOBRAK_CLOCK", "QUOBRAK_DOCUMENTS", "QUOBRAK_DRIVER",
-                                                              "QUOBRAK_TRACE"};
+constexpr std::array<std::string_view, 5> COMMON_VARIABLES = {"QUOBRAK_CLOCK", "QUOBRAK_DOCUMENTS", "QUOBRAK_DRIVER",
+                                                              ReferencePage::VARIABLE, "QUOBRAK_TRACE"};
 constexpr std::array<std::string_view, 1> SIMULATOR_VARIABLES = {"QUOBRAK_PHONE"};
 constexpr std::array<std::string_view, 3> WEBDRIVER_VARIABLES = {"QUOBRAK_WEBDRIVER_CAPABILITIES",
                                                                  "QUOBRAK_WEBDRIVER_DIALECT", "QUOBRAK_WEBDRIVER_URL"};
@@ -120,6 +132,7 @@ Configuration configurationFrom(const Variables& variable) {
       .phone = path(variable, "QUOBRAK_PHONE", "a folder that describes a phone, or not be set", faults),
       .webdriver = webDriverConfiguration(variable, faults),
       .clock = clockKind(variable, faults),
+      .referencePage = referencePage(variable, faults),
       .trace = path(variable, "QUOBRAK_TRACE", "a file or fd:N, or not be set", faults)};
   if (driver == DriverKind::webdriver && configuration.clock == ClockKind::virtualTime) {
     faults.add("QUOBRAK_CLOCK", "virtual", "system with the driver webdriver: a real phone takes real time");

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "quobrakUITests/ReferencePage.h"
+
 namespace quobrak {
 
 /// Environment variables that cannot be used: a line for each fault, saying which variable, what it holds and what
@@ -38,6 +40,7 @@ struct Configuration {
   std::optional<std::string> phone;
   WebDriverConfiguration webdriver;
   ClockKind clock;
+  ReferencePage referencePage;
   /// The file, or "fd:N", that receives the trace; none for no trace.
   std::optional<std::string> trace;
 };

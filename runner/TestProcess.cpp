@@ -115,6 +115,7 @@ class InstalledPlatform {
       files = std::make_unique<TimedFileManager>(std::move(files), Clock::shared());
     }
     FileManager::install(std::move(files));
+    ReferencePage::install(configuration.referencePage);
     std::unique_ptr<UIDriver> driver = makeDriver(Clock::shared());
     if (output_) {
       driver = std::make_unique<TracingDriver>(std::move(driver), *output_);

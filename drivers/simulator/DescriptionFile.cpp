@@ -110,8 +110,8 @@ std::map<std::string, std::string> readNamedTexts(const JSONReader& json) {
 
 void requireValueName(const JSONReader& json, const std::string& name) {
   if (!isValueName(name)) {
-    json.fail("\"" + name +
-              "\" is no name of a value: one is made of ASCII letters, digits, _ and . and begins with a letter");
+    json.fail("\"" + name + "\" is no name of a value; one is like \"shop.basket_1\": words of ASCII letters, digits " +
+              "and _, none of which begins with a digit, with dots between them");
   }
 }
 

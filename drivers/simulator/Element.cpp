@@ -41,6 +41,7 @@ std::unique_ptr<Element> Element::copy() const {
   made->isSelected = isSelected;
   made->hasKeyboardFocus = hasKeyboardFocus;
   made->isHidden = isHidden;
+  made->background = background;
   made->frame = frame;
   made->scrolled = scrolled;
   made->secret = secret;

@@ -48,6 +48,8 @@ class Element {
   bool hasKeyboardFocus = false;
   /// Whether the element itself, unlike what is in it, is neither seen nor touched where it lies.
   bool isHidden = false;
+  /// A colour, 0xRRGGBB, that fills its frame behind what is in it; none for how its type looks.
+  std::optional<std::uint32_t> background;
   /// In points of the screen.
   Rect frame;
   /// How far what is in the element has been scrolled from where its screen had it.

@@ -143,6 +143,7 @@ class PhoneReader {
   }
 
   const PhoneFiles& files_;
+  BuiltinPhoneFiles builtinFiles_;
   DescriptionFaults faults_;
   DescriptionFile file_;
   PhoneDescription phone_;

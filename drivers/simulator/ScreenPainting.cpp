@@ -22,6 +22,12 @@ Rect cutToReach(const Rect& frame) {
   return {{left, top}, {right - left, bottom - top}};
 }
 
+Color opaque(std::uint32_t rgb) {
+  constexpr std::uint32_t BYTE = 0xFF;
+  constexpr double FULL = 255;
+  return {((rgb >> 16U) & BYTE) / FULL, ((rgb >> 8U) & BYTE) / FULL, (rgb & BYTE) / FULL};
+}
+
 class LayerPainter {
  public:
   LayerPainter(const Canvas& canvas, const Size& screen) : canvas_(canvas), screen_(screen) {}
@@ -45,15 +51,17 @@ class LayerPainter {
   bool isOnScreen(const Rect& frame) const { return !isEmpty(frame) && !isEmpty(intersection(frame, {{}, screen_})); }
 
   void paintAlone(const Element& element, const Rect& frame) const {
-    const Drawing draw = drawingOf(element.type);
-    if (draw == nullptr) {
-      return;
-    }
     if (isModal(element.type)) {
       canvas_.fillAll({0, 0, 0, 0.4});
     }
-    const Canvas::Clip clip(canvas_, frame);
-    draw(canvas_, element, frame);
+    if (element.background) {
+      canvas_.fill(frame, opaque(*element.background));
+    }
+    const Drawing draw = drawingOf(element.type);
+    if (draw != nullptr && !(element.background && clipsItsChildren(element.type))) {
+      const Canvas::Clip clip(canvas_, frame);
+      draw(canvas_, element, frame);
+    }
   }
 
   const Canvas& canvas_;

@@ -17,10 +17,10 @@ std::string readme() {
   return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
-/// The names in backticks between "These commands stand now:" and the end of the sentence.
+/// The names in backticks between "The language has these commands:" and the end of the sentence.
 std::vector<std::string> commandsInReadme() {
   const std::string text = readme();
-  const std::size_t begin = text.find("These commands stand now:");
+  const std::size_t begin = text.find("The language has these commands:");
   const std::string sentence = text.substr(begin, text.find(". ", begin) - begin);
   const std::regex name("`(\\w+)`");
   std::vector<std::string> names;

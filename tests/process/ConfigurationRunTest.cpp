@@ -99,12 +99,15 @@ TEST_F(ConfigurationRun, TellsAllFaultsAtOnce) {
   start.environment["QUOBRAK_DOCUMENTS"] = "";
   start.environment["QUOBRAK_PHONE"] = "";
   start.environment["QUOBRAK_CLOCK"] = "fast";
+  start.environment["QUOBRAK_REFERENCE_PAGE"] = "http://10.0.0.7/black/index.html";
   start.environment["QUOBRAK_TRACE"] = "";
   expectRefusal(
       "configuration error: QUOBRAK_DRIVER is \"Simulator\", but must be simulator or webdriver\n"
       "QUOBRAK_DOCUMENTS is \"\", but must be a folder\n"
       "QUOBRAK_PHONE is \"\", but must be a folder that describes a phone, or not be set\n"
       "QUOBRAK_CLOCK is \"fast\", but must be system or virtual\n"
+      "QUOBRAK_REFERENCE_PAGE is \"http://10.0.0.7/black/index.html\", but must be an address such as "
+      "https://www.example.com/black/index.html, which begins with https:// and has that path\n"
       "QUOBRAK_TRACE is \"\", but must be a file or fd:N, or not be set");
 }
 
@@ -115,6 +118,13 @@ TEST_F(ConfigurationRun, TakesWhatItWouldTakeAnywayWhenItIsNamed) {
   addScript("S", "scripts/a.txt", "measureStart,Step\nmeasureStop");
   runsThrough();
   EXPECT_EQ(measures().size(), 1U);
+}
+
+TEST_F(ConfigurationRun, RefusesAReferencePageWithAnotherPath) {
+  start.environment["QUOBRAK_REFERENCE_PAGE"] = "https://10.0.0.7/";
+  expectRefusal(
+      "configuration error: QUOBRAK_REFERENCE_PAGE is \"https://10.0.0.7/\", but must be an address such as "
+      "https://www.example.com/black/index.html, which begins with https:// and has that path");
 }
 
 TEST_F(ConfigurationRun, RefusesAPhoneThatIsNotThere) {

@@ -31,8 +31,21 @@ std::string_view nameOf(SwipeDirection direction) {
   return "nowhere";
 }
 
+std::string_view nameOf(XCUIDeviceButton button) {
+  switch (button) {
+    case XCUIDeviceButton::home:
+      return "home";
+    case XCUIDeviceButton::volumeUp:
+      return "volumeUp";
+    case XCUIDeviceButton::volumeDown:
+      return "volumeDown";
+  }
+  return "none";
+}
+
 bool isQuestion(const std::string& operation) {
-  for (const std::string_view question : {"count:", "exists:", "label:", "frame:", "isHittable:", "forgetLookups"}) {
+  for (const std::string_view question :
+       {"count:", "exists:", "label:", "value:", "frame:", "isHittable:", "forgetLookups"}) {
     if (operation.starts_with(question)) {
       return true;
     }
@@ -60,6 +73,14 @@ void AnsweringDriver::keep(const std::string& operation) {
   before(operation);
 }
 
+void AnsweringDriver::launch(const std::string& bundleIdentifier) {
+  keep("launch: " + bundleIdentifier);
+}
+
+void AnsweringDriver::terminate(const std::string& bundleIdentifier) {
+  keep("terminate: " + bundleIdentifier);
+}
+
 std::size_t AnsweringDriver::count(const XCUIElementQuery& query) {
   keep("count: " + describe(query));
   return countOf(describe(query));
@@ -67,12 +88,17 @@ std::size_t AnsweringDriver::count(const XCUIElementQuery& query) {
 
 bool AnsweringDriver::exists(const XCUIElement& element) {
   keep("exists: " + describe(element));
-  return existsAnswer;
+  return existsOf(describe(element));
 }
 
 std::string AnsweringDriver::label(const XCUIElement& element) {
   keep("label: " + describe(element));
   return labelAnswer;
+}
+
+ElementValue AnsweringDriver::value(const XCUIElement& element) {
+  keep("value: " + describe(element));
+  return valueAnswer;
 }
 
 Rect AnsweringDriver::frame(const XCUIElement& element) {
@@ -87,13 +113,13 @@ bool AnsweringDriver::isHittable(const XCUIElement& element) {
 
 XCTWaiterResult AnsweringDriver::waitForExistence(const XCUIElement& element, Seconds timeout) {
   keep("wait " + inWords(timeout) + " for existence: " + describe(element));
-  return waitAnswer;
+  return waitOf(describe(element));
 }
 
 XCTWaiterResult AnsweringDriver::waitForPredicate(const XCUIElement& element, const NSPredicate& predicate,
                                                   Seconds timeout) {
   keep("wait " + inWords(timeout) + " for " + predicate.predicateFormat() + ": " + describe(element));
-  return waitAnswer;
+  return waitOf(describe(element));
 }
 
 void AnsweringDriver::tap(const XCUIElement& element) {
@@ -122,6 +148,15 @@ void AnsweringDriver::press(const XCUICoordinate& point, Seconds duration) {
 
 void AnsweringDriver::pressThenDrag(const XCUICoordinate& from, Seconds duration, const XCUICoordinate& to) {
   keep("drag after " + inWords(duration) + ": " + describe(from) + " to " + describe(to));
+}
+
+void AnsweringDriver::pressButton(XCUIDeviceButton button) {
+  keep("pressButton: " + std::string(nameOf(button)));
+}
+
+std::optional<Data> AnsweringDriver::screenshot() {
+  keep("screenshot");
+  return std::nullopt;
 }
 
 void AnsweringDriver::forgetLookups() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -9,7 +10,7 @@
 namespace quobrak::testing {
 
 /// A driver of no phone, which keeps what is asked of it with all that it was given, and answers as the test says. It
-/// does nothing: a tap changes nothing, a wait takes no time.
+/// does nothing: a tap changes nothing, a wait takes no time, there are no pictures.
 class AnsweringDriver final : public WrappedDriver {
  public:
   AnsweringDriver() : WrappedDriver(nullptr) {}
@@ -27,15 +28,22 @@ class AnsweringDriver final : public WrappedDriver {
   std::function<void(const std::string& operation)> before = [](const std::string&) {};
 
   std::function<std::size_t(const std::string& query)> countOf = [](const std::string&) { return 1; };
-  bool existsAnswer = true;
+  std::function<bool(const std::string& element)> existsOf = [](const std::string&) { return true; };
   std::function<bool()> isHittableAnswer = [] { return true; };
   std::string labelAnswer = "Go";
   Rect frameAnswer{{0, 0}, {100, 200}};
-  XCTWaiterResult waitAnswer = XCTWaiterResult::completed;
+  ElementValue valueAnswer;
+  std::function<XCTWaiterResult(const std::string& element)> waitOf = [](const std::string&) {
+    return XCTWaiterResult::completed;
+  };
+
+  void launch(const std::string& bundleIdentifier) override;
+  void terminate(const std::string& bundleIdentifier) override;
 
   std::size_t count(const XCUIElementQuery& query) override;
   bool exists(const XCUIElement& element) override;
   std::string label(const XCUIElement& element) override;
+  ElementValue value(const XCUIElement& element) override;
   Rect frame(const XCUIElement& element) override;
   bool isHittable(const XCUIElement& element) override;
   XCTWaiterResult waitForExistence(const XCUIElement& element, Seconds timeout) override;
@@ -47,6 +55,8 @@ class AnsweringDriver final : public WrappedDriver {
   void tap(const XCUICoordinate& point) override;
   void press(const XCUICoordinate& point, Seconds duration) override;
   void pressThenDrag(const XCUICoordinate& from, Seconds duration, const XCUICoordinate& to) override;
+  void pressButton(XCUIDeviceButton button) override;
+  std::optional<Data> screenshot() override;
   void forgetLookups() override;
 
  protected:

@@ -164,7 +164,7 @@ TEST(ClickByTextOnSystemPopup, ButtonThatIsNotThere) {
 TEST(ClickByTextOnSystemPopup, NeedsNoApplicationAndDoesNotWait) {
   testing::TestPlatform platform;
   AnsweringDriver& driver = AnsweringDriver::install();
-  driver.existsAnswer = false;
+  driver.existsOf = [](const std::string&) { return false; };
   EXPECT_THAT([] { Click::clickByTextOnSystemPopup("OK"); },
               testing::raisesFdslError("The expected element OK was not found"));
   EXPECT_THAT(driver.operations, ElementsAre("exists: the element (single) of the Button descendants, keyed \"OK\" of "

@@ -3,7 +3,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <map>
 #include <string>
 #include <utility>
 #include <variant>
@@ -25,9 +24,9 @@ namespace {
 using std::chrono::milliseconds;
 using testing::AnsweringDriver;
 using testing::APP_IN_WORDS;
+using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::Eq;
-using ::testing::IsEmpty;
 using testing::pointInWords;
 using ::testing::SizeIs;
 using ::testing::StartsWith;
@@ -38,14 +37,6 @@ constexpr const char* GO = R"(<XCUIElementTypeButton label="Go" x="0" y="0" widt
 
 void run(const std::vector<std::string_view>& fields) {
   dispatchCommand(commandTable(), fields);
-}
-
-std::vector<std::string_view> namesIn(std::span<const CommandRow> table) {
-  std::vector<std::string_view> names;
-  for (const CommandRow& row : table) {
-    names.push_back(row.name);
-  }
-  return names;
 }
 
 /// Makes every picture take that long.
@@ -65,56 +56,102 @@ void failToWrite(testing::TestPlatform& platform) {
   };
 }
 
-TEST(CommandTable, NamesInOrder) {
-  const std::vector<std::string_view> names = {"applicationStart",
-                                               "applicationKill",
-                                               "clickByText",
-                                               "clickByTextExact",
-                                               "longClickByText",
-                                               "clickByTextOnSystemPopup",
-                                               "clickByXY",
-                                               "longClickByXY",
-                                               "clickByPercent",
-                                               "clickOnLastElementFound",
-                                               "findByClass",
-                                               "findByText",
-                                               "findByTextExact",
-                                               "measureStart",
-                                               "measureStop",
-                                               "pause",
-                                               "pressHome",
-                                               "pressVolumeUp",
-                                               "pressVolumeDown",
-                                               "waitUntilText",
-                                               "waitUntilTextExact",
-                                               "waitUntilAccessibilityField",
-                                               "waitUntilAccessibilityFieldExact",
-                                               "waitUntilTextOnSystemPopup",
-                                               "waitUntilGoneText",
-                                               "waitUntilGoneTextExact",
-                                               "waitUntilGoneAccessibilityField",
-                                               "waitUntilGoneAccessibilityFieldExact",
-                                               "waitUntilTextBeforeClick",
-                                               "waitUntilTextExactBeforeClick",
-                                               "waitUntilAccessibilityFieldBeforeClick",
-                                               "waitUntilAccessibilityFieldExactBeforeClick",
-                                               "enterText",
-                                               "enterTextFast",
-                                               "setTextByText",
-                                               "setTextByTextExact",
-                                               "scrollDownward",
-                                               "scrollUpward",
-                                               "scrollLeftward",
-                                               "scrollRightward",
-                                               "swipeDownward",
-                                               "swipeUpward",
-                                               "swipeLeftward",
-                                               "swipeRightward",
-                                               "swipeVertical",
-                                               "swipeHorizontal",
-                                               "swipeDownwardToText",
-                                               "swipeUpwardToText"};
-  EXPECT_EQ(namesIn(commandTable()), names);
+/// The words of an argument: its field, its label, its unit, and the default where it has one.
+std::string inWords(const ArgumentInfo& argument) {
+  struct DefaultInWords {
+    std::string operator()(std::monostate) const { return ""; }
+    std::string operator()(std::int64_t number) const { return " = " + std::to_string(number); }
+    std::string operator()(bool truth) const { return truth ? " = true" : " = false"; }
+  };
+  constexpr std::string_view UNITS[] = {"text", "milliseconds", "percent", "points", "count", "truth value"};
+  return std::to_string(argument.field) + " " + std::string(argument.label) + " (" +
+         std::string(UNITS[static_cast<std::size_t>(argument.unit)]) + ")" +
+         std::visit(DefaultInWords{}, argument.defaultValue);
+}
+
+/// A command and its arguments, in words.
+using RowInWords = std::pair<std::string_view, std::vector<std::string>>;
+
+std::vector<RowInWords> rowsInWords(std::span<const CommandRow> table) {
+  std::vector<RowInWords> rows;
+  for (const CommandRow& row : table) {
+    std::vector<std::string> arguments;
+    for (const ArgumentInfo& argument : row.arguments()) {
+      arguments.push_back(inWords(argument));
+    }
+    rows.emplace_back(row.name, arguments);
+  }
+  return rows;
+}
+
+TEST(CommandTable, HasAllCommandsInOrderWithTheirArguments) {
+  using Words = std::vector<std::string>;
+  const Words none{};
+  const Words bundleId{"1 bundleId (text)"};
+  const Words selector{"1 selector (text)"};
+  const Words search{"1 selector (text)", "2 nthElement (count) = 1", "3 isEnabled (truth value) = true"};
+  const Words wait{"1 selector (text)", "2 timeout (milliseconds) = 30000"};
+  const Words waitThenTap{"1 selector (text)", "2 clickOnlyIfExists (truth value) = false"};
+  const Words setText{"1 textToSet (text)", "2 textSelector (text)"};
+  const Words swipeToText{"1 selector (text)", "2 maxSwipe (count) = 30", "3 percX (percent) = 50"};
+  const std::vector<RowInWords> expected = {
+      {"applicationStart", bundleId},
+      {"applicationKill", bundleId},
+      {"launchBrowser", none},
+      {"browserGoToUrl", {"1 url (text)"}},
+      {"browserClearCache", none},
+      {"browserPrepareAndOpen", none},
+      {"browserPrepareAndOpenForReference", {"1 useBlankPage (truth value) = false"}},
+      {"clickByText", selector},
+      {"clickByTextExact", selector},
+      {"longClickByText", {"1 selector (text)", "2 duration (milliseconds) = 1000"}},
+      {"clickByTextOnSystemPopup", selector},
+      {"clickByXY", {"1 x (points)", "2 y (points)"}},
+      {"longClickByXY", {"1 x (points)", "2 y (points)", "3 duration (milliseconds) = 1000"}},
+      {"clickByPercent", {"1 xPercentage (percent)", "2 yPercentage (percent)"}},
+      {"clickOnLastElementFound", none},
+      {"findByClass", search},
+      {"findByText", search},
+      {"findByTextExact", search},
+      {"installApp", {"1 appStoreUrl (text)"}},
+      {"measureStart", {"1 stepName (text)"}},
+      {"measureStop", none},
+      {"pause", {"1 timeMillis (milliseconds)"}},
+      {"pressHome", none},
+      {"pressVolumeUp", none},
+      {"pressVolumeDown", none},
+      {"waitUntilText", wait},
+      {"waitUntilTextExact", wait},
+      {"waitUntilAccessibilityField", wait},
+      {"waitUntilAccessibilityFieldExact", wait},
+      {"waitUntilTextOnSystemPopup", wait},
+      {"waitUntilGoneText", wait},
+      {"waitUntilGoneTextExact", wait},
+      {"waitUntilGoneAccessibilityField", wait},
+      {"waitUntilGoneAccessibilityFieldExact", wait},
+      {"waitUntilTextBeforeClick", waitThenTap},
+      {"waitUntilTextExactBeforeClick", waitThenTap},
+      {"waitUntilAccessibilityFieldBeforeClick", waitThenTap},
+      {"waitUntilAccessibilityFieldExactBeforeClick", waitThenTap},
+      {"enterText", {"1 text (text)", "2 period (milliseconds) = 0"}},
+      {"enterTextFast", {"1 text (text)"}},
+      {"setTextByText", setText},
+      {"setTextByTextExact", setText},
+      {"scrollDownward", none},
+      {"scrollUpward", none},
+      {"scrollLeftward", none},
+      {"scrollRightward", none},
+      {"swipeDownward", {"1 percX (percent) = 50", "2 percStartY (percent) = 90"}},
+      {"swipeUpward", {"1 percX (percent) = 50", "2 percStartY (percent) = 10"}},
+      {"swipeLeftward", {"1 percY (percent)"}},
+      {"swipeRightward", {"1 percY (percent)"}},
+      {"swipeVertical", {"1 percStartY (percent)", "2 percEndY (percent)", "3 percX (percent)"}},
+      {"swipeHorizontal", {"1 percStartX (percent)", "2 percEndX (percent)", "3 percY (percent)"}},
+      {"swipeDownwardToText", swipeToText},
+      {"swipeUpwardToText", swipeToText},
+  };
+  EXPECT_EQ(expected.size(), 54U);
+  EXPECT_EQ(rowsInWords(commandTable()), expected);
 }
 
 TEST(CommandTable, NamesAreComparedExactly) {
@@ -247,77 +284,6 @@ TEST(CommandTable, EmptyNames) {
   EXPECT_EQ(TestContext::shared().getCurrentTestResult().measures[0].size(), 1U);
 }
 
-/// The words of an argument: its label, its unit, and the default where it has one.
-std::string inWords(const ArgumentInfo& argument) {
-  struct DefaultInWords {
-    std::string operator()(std::monostate) const { return ""; }
-    std::string operator()(std::int64_t number) const { return " = " + std::to_string(number); }
-    std::string operator()(bool truth) const { return truth ? " = true" : " = false"; }
-  };
-  constexpr std::string_view UNITS[] = {"text", "milliseconds", "percent", "points", "count", "truth value"};
-  return std::to_string(argument.field) + " " + std::string(argument.label) + " (" +
-         std::string(UNITS[static_cast<std::size_t>(argument.unit)]) + ")" +
-         std::visit(DefaultInWords{}, argument.defaultValue);
-}
-
-TEST(CommandTable, ArgumentsOfEachCommand) {
-  using Words = std::vector<std::string>;
-  const Words selector{"1 selector (text)"};
-  const Words search{"1 selector (text)", "2 nthElement (count) = 1", "3 isEnabled (truth value) = true"};
-  const Words wait{"1 selector (text)", "2 timeout (milliseconds) = 30000"};
-  const Words waitThenTap{"1 selector (text)", "2 clickOnlyIfExists (truth value) = false"};
-  const Words setText{"1 textToSet (text)", "2 textSelector (text)"};
-  const Words swipeToText{"1 selector (text)", "2 maxSwipe (count) = 30", "3 percX (percent) = 50"};
-  const std::map<std::string_view, Words> expected = {
-      {"applicationStart", {"1 bundleId (text)"}},
-      {"applicationKill", {"1 bundleId (text)"}},
-      {"clickByText", selector},
-      {"clickByTextExact", selector},
-      {"longClickByText", {"1 selector (text)", "2 duration (milliseconds) = 1000"}},
-      {"clickByTextOnSystemPopup", selector},
-      {"clickByXY", {"1 x (points)", "2 y (points)"}},
-      {"longClickByXY", {"1 x (points)", "2 y (points)", "3 duration (milliseconds) = 1000"}},
-      {"clickByPercent", {"1 xPercentage (percent)", "2 yPercentage (percent)"}},
-      {"findByClass", search},
-      {"findByText", search},
-      {"findByTextExact", search},
-      {"measureStart", {"1 stepName (text)"}},
-      {"pause", {"1 timeMillis (milliseconds)"}},
-      {"waitUntilText", wait},
-      {"waitUntilTextExact", wait},
-      {"waitUntilAccessibilityField", wait},
-      {"waitUntilAccessibilityFieldExact", wait},
-      {"waitUntilTextOnSystemPopup", wait},
-      {"waitUntilGoneText", wait},
-      {"waitUntilGoneTextExact", wait},
-      {"waitUntilGoneAccessibilityField", wait},
-      {"waitUntilGoneAccessibilityFieldExact", wait},
-      {"waitUntilTextBeforeClick", waitThenTap},
-      {"waitUntilTextExactBeforeClick", waitThenTap},
-      {"waitUntilAccessibilityFieldBeforeClick", waitThenTap},
-      {"waitUntilAccessibilityFieldExactBeforeClick", waitThenTap},
-      {"enterText", {"1 text (text)", "2 period (milliseconds) = 0"}},
-      {"enterTextFast", {"1 text (text)"}},
-      {"setTextByText", setText},
-      {"setTextByTextExact", setText},
-      {"swipeDownward", {"1 percX (percent) = 50", "2 percStartY (percent) = 90"}},
-      {"swipeUpward", {"1 percX (percent) = 50", "2 percStartY (percent) = 10"}},
-      {"swipeLeftward", {"1 percY (percent)"}},
-      {"swipeRightward", {"1 percY (percent)"}},
-      {"swipeVertical", {"1 percStartY (percent)", "2 percEndY (percent)", "3 percX (percent)"}},
-      {"swipeHorizontal", {"1 percStartX (percent)", "2 percEndX (percent)", "3 percY (percent)"}},
-      {"swipeDownwardToText", swipeToText},
-      {"swipeUpwardToText", swipeToText},
-  };
-  std::map<std::string_view, Words> found;
-  for (const CommandRow& row : commandTable()) {
-    for (const ArgumentInfo& argument : row.arguments()) {
-      found[row.name].push_back(inWords(argument));
-    }
-  }
-  EXPECT_EQ(found, expected);
-}
-
 /// Commands that wait, type or measure on a phone that answers that all is there.
 struct AnsweringPhone {
   AnsweringPhone() { TestContext::shared().setTestingApp("com.example.test"); }
@@ -381,6 +347,51 @@ TEST(CommandTable, ActionsOfTheCommandsOnElementsAndPoints) {
   AnsweringPhone phone;
   for (const auto& [fields, actions] : ROWS) {
     EXPECT_EQ(phone.actionsOf(fields), actions) << fields[0];
+  }
+}
+
+TEST(CommandTable, ActionsOfTheCommandsOnTheBrowser) {
+  AnsweringPhone phone;
+  const std::string launchSettings = "launch: com.apple.Preferences";
+  const std::string terminateSettings = "terminate: com.apple.Preferences";
+  const std::string terminateBrowser = "terminate: com.apple.mobilesafari";
+  const std::string launchBrowser = "launch: com.apple.mobilesafari";
+  const auto applicationsOf = [&phone](const std::vector<std::string_view>& fields) {
+    std::vector<std::string> actions = phone.actionsOf(fields);
+    std::erase_if(actions, [](const std::string& action) {
+      return !action.starts_with("launch: ") && !action.starts_with("terminate: ");
+    });
+    return actions;
+  };
+  EXPECT_THAT(applicationsOf({"launchBrowser"}), ElementsAre(launchBrowser));
+  EXPECT_THAT(applicationsOf({"browserClearCache"}), ElementsAre(launchSettings, terminateSettings));
+  EXPECT_THAT(applicationsOf({"browserPrepareAndOpen"}),
+              ElementsAre(launchSettings, terminateSettings, terminateBrowser, launchBrowser));
+  EXPECT_THAT(applicationsOf({"browserPrepareAndOpenForReference"}),
+              ElementsAre(launchSettings, terminateSettings, terminateBrowser, launchBrowser));
+  EXPECT_EQ(phone.platform.elapsed(), milliseconds(60000));
+}
+
+TEST(CommandTable, AddressesThatCommandsTypeIntoTheBrowser) {
+  struct Row {
+    std::vector<std::string_view> fields;
+    std::string address;
+  };
+  const Row ROWS[] = {
+      {{"browserGoToUrl", "https://example.com/a"}, "https://example.com/a"},
+      {{"browserPrepareAndOpenForReference"}, "https://download.example.com/black/index.html"},
+      {{"browserPrepareAndOpenForReference", "false"}, "https://download.example.com/black/index.html"},
+      {{"browserPrepareAndOpenForReference", "true"}, "about:blank"},
+      {{"installApp", "https://apps.example.com/app/id7"}, "https://apps.example.com/app/id7"},
+  };
+  AnsweringPhone phone;
+  phone.driver.existsOf = [](const std::string& element) { return element.find("MATCHES \"open\"") == element.npos; };
+  run({"launchBrowser"});
+  for (const auto& [fields, address] : ROWS) {
+    EXPECT_THAT(phone.actionsOf(fields),
+                Contains("type \"" + address + "\": " +
+                         textElementInWords("MATCHES", "Address", testing::appInWords("com.apple.mobilesafari"))))
+        << fields[0];
   }
 }
 
@@ -462,7 +473,7 @@ TEST(CommandTable, WaitsThatComeAbout) {
 
 TEST(CommandTable, WaitsWhoseTimeRunsOut) {
   AnsweringPhone phone;
-  phone.driver.waitAnswer = XCTWaiterResult::timedOut;
+  phone.driver.waitOf = [](const std::string&) { return XCTWaiterResult::timedOut; };
   for (const WaitRow& row : waitRows()) {
     EXPECT_THAT([&] { run({row.command, "Login"}); }, testing::raisesFdslError(row.message)) << row.command;
   }
@@ -479,7 +490,7 @@ TEST(CommandTable, WaitsThenTaps) {
                       {"waitUntilAccessibilityFieldBeforeClick", "identifier", "CONTAINS[c]"},
                       {"waitUntilAccessibilityFieldExactBeforeClick", "identifier", "MATCHES"}};
   AnsweringPhone phone;
-  phone.driver.waitAnswer = XCTWaiterResult::timedOut;
+  phone.driver.waitOf = [](const std::string&) { return XCTWaiterResult::timedOut; };
   for (const Row& row : ROWS) {
     const std::string wait = " s for existence: the element (single) of the descendants, matching " + row.attribute +
                              " " + row.comparison + " \"a\" of " + APP_IN_WORDS;
@@ -514,181 +525,6 @@ TEST(CommandTable, SearchesRememberWhatTheyFind) {
     EXPECT_EQ(Find::lastElementFound->frame().origin.y, top) << fields[0];
   }
   EXPECT_THAT([] { run({"findByTextExact", "A"}); }, testing::raisesFdslError("The expected text A was not found"));
-}
-
-// What may be wrong with arguments, for all commands alike.
-
-/// What the command says of an argument that is there but wrong.
-std::string rejection(const ArgumentInfo& argument, const std::string& value) {
-  const bool isOptional = argument.defaultValue != ArgumentDefault();
-  if (argument.unit == Unit::percent) {
-    return (isOptional ? "The duration " : "The coordinate ") + value + " should be an integer";
-  }
-  using Wording = std::pair<std::string, std::string>;
-  const std::map<std::string_view, Wording> wordings = {
-      {"duration", {"The duration ", " should be an integer"}},
-      {"timeout", {"The timeout ", " should be an integer"}},
-      {"period", {"The frequency ", " should be an integer"}},
-      {"maxSwipe", {"The maximum of swipes ", " should be an integer"}},
-      {"nthElement", {"nthElement ", " should be an integer"}},
-      {"isEnabled", {"isEnabled ", " should be an boolean"}},
-      {"clickOnlyIfExists", {"The clickOnlyIfExists parameter ", " should be true or false"}},
-      {"timeMillis", {"The pause duration ", " should be a positive integer"}},
-  };
-  const Wording& wording = wordings.at(argument.label);
-  return wording.first + value + wording.second;
-}
-
-bool isReadDirectly(const ArgumentInfo& argument) {
-  return argument.unit == Unit::text || argument.unit == Unit::points;
-}
-
-/// A value that every command takes.
-std::string_view valueOf(const ArgumentInfo& argument) {
-  switch (argument.unit) {
-    case Unit::text:
-      return "Button";
-    case Unit::truthValue:
-      return "true";
-    case Unit::milliseconds:
-    case Unit::percent:
-    case Unit::points:
-    case Unit::count:
-      break;
-  }
-  return "1";
-}
-
-/// A line with that many right arguments.
-std::vector<std::string_view> lineOf(const CommandRow& row, std::size_t arguments) {
-  std::vector<std::string_view> fields{row.name};
-  for (const ArgumentInfo& argument : row.arguments().first(arguments)) {
-    fields.push_back(valueOf(argument));
-  }
-  return fields;
-}
-
-/// The commands that act on elements and points.
-std::vector<CommandRow> elementCommands() {
-  std::vector<CommandRow> rows(commandTable().begin(), commandTable().end());
-  std::erase_if(rows, [](const CommandRow& row) {
-    return row.name.starts_with("application") || row.name.starts_with("measure") || row.name.starts_with("press");
-  });
-  return rows;
-}
-
-TEST(CommandArguments, AllThere) {
-  AnsweringPhone phone;
-  for (const CommandRow& row : elementCommands()) {
-    EXPECT_NO_THROW(run(lineOf(row, row.arguments().size()))) << row.name;
-  }
-}
-
-TEST(CommandArguments, ExtraFieldsAreIgnored) {
-  AnsweringPhone phone;
-  for (const CommandRow& row : elementCommands()) {
-    const std::vector<std::string> actions = phone.actionsOf(lineOf(row, row.arguments().size()));
-    for (const std::string_view extra : {"", "x"}) {
-      std::vector<std::string_view> fields = lineOf(row, row.arguments().size());
-      fields.push_back(extra);
-      EXPECT_EQ(phone.actionsOf(fields), actions) << row.name;
-    }
-  }
-}
-
-TEST(CommandArguments, MissingOnes) {
-  AnsweringPhone phone;
-  for (const CommandRow& row : elementCommands()) {
-    for (std::size_t i = 0; i < row.arguments().size(); ++i) {
-      const ArgumentInfo& argument = row.arguments()[i];
-      const std::vector<std::string_view> fields = lineOf(row, i);
-      if (argument.defaultValue != ArgumentDefault()) {
-        EXPECT_NO_THROW(run(fields)) << row.name;
-      } else if (argument.unit == Unit::percent) {
-        EXPECT_THAT([&] { run(fields); }, testing::raisesFdslError("A coordinate is missing")) << row.name;
-      } else if (argument.unit == Unit::milliseconds) {
-        EXPECT_THAT([&] { run(fields); }, testing::raisesFdslError("The pause duration is missing")) << row.name;
-      }
-    }
-  }
-}
-
-TEST(CommandArguments, MissingOnesThatAreReadDirectlyAreFatal) {
-  testing::TestPlatform platform;
-  for (const CommandRow& row : commandTable()) {
-    for (std::size_t i = 0; i < row.arguments().size(); ++i) {
-      if (const ArgumentInfo& argument = row.arguments()[i]; isReadDirectly(argument)) {
-        EXPECT_DEATH(run(lineOf(row, i)),
-                     Eq("Fatal error: Index out of range: the field " + std::to_string(argument.field) + " (" +
-                        std::string(argument.label) + ") is missing\n"))
-            << row.name;
-      }
-    }
-  }
-}
-
-TEST(CommandArguments, MalformedOnesAndEmptyOnesAreRejectedBeforeAnythingIsDone) {
-  testing::TestPlatform platform;
-  const AnsweringDriver& driver = AnsweringDriver::install();
-  for (const CommandRow& row : elementCommands()) {
-    for (const ArgumentInfo& argument : row.arguments()) {
-      if (isReadDirectly(argument)) {
-        continue;
-      }
-      for (const std::string value : {"", "x", " 1", "1 ", "1.5", "TRUE", "yes", "9223372036854775808"}) {
-        std::vector<std::string_view> fields = lineOf(row, row.arguments().size());
-        fields[argument.field] = value;
-        EXPECT_THAT([&] { run(fields); }, testing::raisesFdslError(rejection(argument, value))) << row.name;
-      }
-    }
-  }
-  EXPECT_THAT(driver.operations, IsEmpty());
-}
-
-TEST(CommandArguments, EmptyOnesThatAreReadDirectlyAreTexts) {
-  AnsweringPhone phone;
-  for (const CommandRow& row : elementCommands()) {
-    for (const ArgumentInfo& argument : row.arguments()) {
-      // No class has an empty name.
-      if (isReadDirectly(argument) && row.name != "findByClass") {
-        std::vector<std::string_view> fields = lineOf(row, row.arguments().size());
-        fields[argument.field] = "";
-        EXPECT_NO_THROW(run(fields)) << row.name;
-      }
-    }
-  }
-  EXPECT_THAT([] { run({"findByClass", ""}); }, testing::raisesFdslError("The expected class  does not exist"));
-}
-
-TEST(CommandArguments, FirstWrongOneIsNamed) {
-  testing::TestPlatform platform;
-  EXPECT_THAT(
-      [] {
-        run({"clickByPercent", "x", "y"});
-      },
-      testing::raisesFdslError("The coordinate x should be an integer"));
-  EXPECT_THAT([] { run({"clickByPercent", "x"}); }, testing::raisesFdslError("The coordinate x should be an integer"));
-  EXPECT_THAT(
-      [] {
-        run({"swipeVertical", "1", "y", "z"});
-      },
-      testing::raisesFdslError("The coordinate y should be an integer"));
-  EXPECT_THAT(
-      [] {
-        run({"swipeDownwardToText", "a", "x", "y"});
-      },
-      testing::raisesFdslError("The maximum of swipes x should be an integer"));
-  EXPECT_THAT(
-      [] {
-        run({"findByText", "a", "0", "no"});
-      },
-      testing::raisesFdslError("isEnabled no should be an boolean"));
-}
-
-TEST(CommandArguments, AreReadBeforeTheApplicationIsAskedFor) {
-  testing::TestPlatform platform;
-  EXPECT_THAT([] { run({"swipeLeftward", "x"}); }, testing::raisesFdslError("The coordinate x should be an integer"));
-  EXPECT_THAT([] { run({"swipeLeftward", "1"}); }, testing::raisesNotInitialised());
 }
 
 TEST(CommandTable, AScriptOfThem) {

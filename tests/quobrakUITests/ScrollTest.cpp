@@ -57,7 +57,7 @@ TEST(Scroll, WithoutAScrollView) {
   testing::TestPlatform platform;
   TestContext::shared().setTestingApp("com.example.test");
   AnsweringDriver& driver = AnsweringDriver::install();
-  driver.existsAnswer = false;
+  driver.existsOf = [](const std::string&) { return false; };
   for (const auto scroll :
        {Scroll::scrollDownward, Scroll::scrollUpward, Scroll::scrollLeftward, Scroll::scrollRightward}) {
     EXPECT_THAT([&] { scroll(); }, testing::raisesFdslError("No scrollable view"));

@@ -81,7 +81,7 @@ TEST(EnterText, EmptyTextTypesNothingAndDoesNotPause) {
 
 TEST(EnterText, WithoutAKeyboard) {
   Typing typing;
-  typing.driver.existsAnswer = false;
+  typing.driver.existsOf = [](const std::string&) { return false; };
   for (const std::string text : {"abc", ""}) {
     EXPECT_THAT([&] { SetText::enterText(text, 200); }, testing::raisesFdslError("The keyboard is not visible"));
     EXPECT_THAT([&] { SetText::enterTextFast(text); }, testing::raisesFdslError("The keyboard is not visible"));
@@ -93,7 +93,7 @@ TEST(EnterText, WithoutAKeyboard) {
 TEST(EnterText, KeyboardThatGoesAwayIsNotMissed) {
   Typing typing;
   typing.driver.before = [&typing](const std::string& operation) {
-    typing.driver.existsAnswer = !operation.starts_with("type");
+    typing.driver.existsOf = [isThere = !operation.starts_with("type")](const std::string&) { return isThere; };
   };
   SetText::enterText("ab", 0);
   EXPECT_THAT(typing.driver.operations, ElementsAre(KEYBOARD_EXISTS, typed("a"), typed("b")));

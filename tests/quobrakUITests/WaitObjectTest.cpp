@@ -63,9 +63,9 @@ TEST(WaitObject, WaitsForTheOneElementThatMatches) {
   AnsweringDriver& driver = AnsweringDriver::install();
   for (const auto& [wait, condition] : ROWS) {
     driver.operations.clear();
-    driver.waitAnswer = XCTWaiterResult::completed;
+    driver.waitOf = [](const std::string&) { return XCTWaiterResult::completed; };
     EXPECT_TRUE(wait("a.b", 1500)) << condition;
-    driver.waitAnswer = XCTWaiterResult::timedOut;
+    driver.waitOf = [](const std::string&) { return XCTWaiterResult::timedOut; };
     EXPECT_FALSE(wait("a.b", 0)) << condition;
     EXPECT_THAT(driver.operations, ElementsAre("wait 1.5 s for existence: the element (single) " + matching(condition),
                                                "wait 0 s for existence: the element (single) " + matching(condition)));
@@ -98,7 +98,7 @@ TEST(WaitObject, OnlyACompletedWaitHasComeAbout) {
   AnsweringDriver& driver = AnsweringDriver::install();
   for (const XCTWaiterResult result : {XCTWaiterResult::timedOut, XCTWaiterResult::incorrectOrder,
                                        XCTWaiterResult::invertedFulfillment, XCTWaiterResult::interrupted}) {
-    driver.waitAnswer = result;
+    driver.waitOf = [result](const std::string&) { return result; };
     for (const Wait wait : WAITS_OF_THE_APPLICATION) {
       EXPECT_FALSE(wait("a", 1));
     }
@@ -109,7 +109,7 @@ TEST(WaitObject, WaitsForAButtonOfTheSystemWithoutAnApplication) {
   testing::TestPlatform platform;
   AnsweringDriver& driver = AnsweringDriver::install();
   EXPECT_TRUE(WaitObject::waitUntilTextOnSystemPopup("Allow \"all\"", 1500));
-  driver.waitAnswer = XCTWaiterResult::timedOut;
+  driver.waitOf = [](const std::string&) { return XCTWaiterResult::timedOut; };
   EXPECT_FALSE(WaitObject::waitUntilTextOnSystemPopup("OK", 30000));
   EXPECT_THAT(driver.operations, ElementsAre(R"(wait 1.5 s for existence: the element (single) of the Button )"
                                              R"(descendants, keyed "Allow "all"" of the application )"

@@ -29,6 +29,7 @@ TEST(Configuration, WithoutAnyVariable) {
   EXPECT_EQ(configuration.webdriver.dialect, "appium");
   EXPECT_EQ(configuration.webdriver.capabilities, std::nullopt);
   EXPECT_EQ(configuration.clock, ClockKind::system);
+  EXPECT_EQ(configuration.referencePage.address(), "https://download.example.com/black/index.html");
   EXPECT_EQ(configuration.trace, std::nullopt);
 }
 
@@ -37,10 +38,12 @@ TEST(Configuration, WithEveryVariable) {
                                                        {"QUOBRAK_DOCUMENTS", "/some/documents"},
                                                        {"QUOBRAK_PHONE", "a phone"},
                                                        {"QUOBRAK_CLOCK", "virtual"},
+                                                       {"QUOBRAK_REFERENCE_PAGE", "https://10.0.0.7/black/index.html"},
                                                        {"QUOBRAK_TRACE", "fd:3"}});
   EXPECT_EQ(configuration.documents, "/some/documents");
   EXPECT_EQ(configuration.phone, "a phone");
   EXPECT_EQ(configuration.clock, ClockKind::virtualTime);
+  EXPECT_EQ(configuration.referencePage.address(), "https://10.0.0.7/black/index.html");
   EXPECT_EQ(configuration.trace, "fd:3");
 }
 
@@ -71,6 +74,9 @@ TEST(Configuration, SaysWhatIsWrong) {
   const std::string driver = ", but must be simulator or webdriver";
   const std::string clock = ", but must be system or virtual";
   const std::string phone = ", but must be a folder that describes a phone, or not be set";
+  const std::string page =
+      ", but must be an address such as https://www.example.com/black/index.html, which begins with https:// and has "
+      "that path";
   const std::string trace = ", but must be a file or fd:N, or not be set";
   for (const auto& [variables, message] :
        {Case{
@@ -90,10 +96,17 @@ TEST(Configuration, SaysWhatIsWrong) {
         Case{{{"QUOBRAK_PHONE", ""}}, "QUOBRAK_PHONE is \"\"" + phone},
         Case{{{"QUOBRAK_CLOCK", "Virtual"}}, "QUOBRAK_CLOCK is \"Virtual\"" + clock},
         Case{{{"QUOBRAK_CLOCK", ""}}, "QUOBRAK_CLOCK is \"\"" + clock},
+        Case{{{"QUOBRAK_REFERENCE_PAGE", ""}}, "QUOBRAK_REFERENCE_PAGE is \"\"" + page},
+        Case{{{"QUOBRAK_REFERENCE_PAGE", "https://10.0.0.7/\xFF/black/index.html"}},
+             "QUOBRAK_REFERENCE_PAGE is \"https://10.0.0.7/\xFF/black/index.html\"" + page},
         Case{{{"QUOBRAK_TRACE", ""}}, "QUOBRAK_TRACE is \"\"" + trace},
-        Case{{{"QUOBRAK_TRACE", ""}, {"QUOBRAK_DRIVER", "x"}, {"QUOBRAK_CLOCK", "y"}, {"QUOBRAK_PHONE", ""}},
+        Case{{{"QUOBRAK_TRACE", ""},
+              {"QUOBRAK_DRIVER", "x"},
+              {"QUOBRAK_REFERENCE_PAGE", "z"},
+              {"QUOBRAK_CLOCK", "y"},
+              {"QUOBRAK_PHONE", ""}},
              "QUOBRAK_DRIVER is \"x\"" + driver + "\nQUOBRAK_PHONE is \"\"" + phone + "\nQUOBRAK_CLOCK is \"y\"" +
-                 clock + "\nQUOBRAK_TRACE is \"\"" + trace}}) {
+                 clock + "\nQUOBRAK_REFERENCE_PAGE is \"z\"" + page + "\nQUOBRAK_TRACE is \"\"" + trace}}) {
     EXPECT_THAT([&variables = variables] { configurationOf(variables); },
                 ::testing::ThrowsMessage<ConfigurationError>(message));
   }
@@ -102,14 +115,14 @@ TEST(Configuration, SaysWhatIsWrong) {
 TEST(UnknownVariables, AreThoseThatOnlyLookLikeOurs) {
   EXPECT_THAT(
       unknownVariables({"QUOBRAK_CLOK", "PATH", "QUOBRAK_CLOCK", "QUOBRAK_DRIVER", "QUOBRAK_DOCUMENTS", "QUOBRAK_PHONE",
-                        "QUOBRAK_TRACE", "quobrak_trace", "QUOBRAK_", "QUOBRAK_WEBDRIVER_CAPABILITIES",
-                        "QUOBRAK_WEBDRIVER_DIALECT", "QUOBRAK_WEBDRIVER_URL"}),
+                        "QUOBRAK_REFERENCE_PAGE", "QUOBRAK_TRACE", "quobrak_trace", "QUOBRAK_",
+                        "QUOBRAK_WEBDRIVER_CAPABILITIES", "QUOBRAK_WEBDRIVER_DIALECT", "QUOBRAK_WEBDRIVER_URL"}),
       ::testing::ElementsAre("QUOBRAK_CLOK", "QUOBRAK_"));
 }
 
 TEST(IdleVariables, AreThoseOfTheOtherDriver) {
-  const std::vector<std::string> names{"QUOBRAK_PHONE", "QUOBRAK_DRIVER", "QUOBRAK_WEBDRIVER_URL", "PATH",
-                                       "QUOBRAK_WEBDRIVER_DIALECT"};
+  const std::vector<std::string> names{"QUOBRAK_PHONE",         "QUOBRAK_DRIVER", "QUOBRAK_REFERENCE_PAGE",
+                                       "QUOBRAK_WEBDRIVER_URL", "PATH",           "QUOBRAK_WEBDRIVER_DIALECT"};
   EXPECT_THAT(idleVariables(names, DriverKind::simulator),
               ::testing::ElementsAre("QUOBRAK_WEBDRIVER_URL", "QUOBRAK_WEBDRIVER_DIALECT"));
   EXPECT_THAT(idleVariables(names, DriverKind::webdriver), ::testing::ElementsAre("QUOBRAK_PHONE"));

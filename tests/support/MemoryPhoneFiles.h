@@ -17,6 +17,8 @@ class MemoryPhoneFiles final : public simulator::PhoneFiles {
   std::optional<std::string> read(const std::string& path) const override;
   std::string nameOf(const std::string& path) const override { return path; }
 
+  const std::map<std::string, std::string>& contents() const { return files_; }
+
   std::string& operator[](const std::string& path) { return files_[path]; }
 
  private:

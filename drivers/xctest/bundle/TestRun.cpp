@@ -6,12 +6,34 @@
 #include <utility>
 
 #include "platform/foundation/ConfinedFileManager.h"
+#include "platform/foundation/ProcessInfo.h"
+#include "quobrakUITests/FWKTError.h"
+#include "quobrakUITests/ReferencePage.h"
 #include "quobrakUITests/quobrakUITests.h"
 #include "quobrakUITests/quobrakUITestsLaunchTests.h"
 
 namespace quobrak::xctest {
 
+namespace {
+
+ReferencePage referencePage() {
+  const std::optional<std::string> address = ProcessInfo::environmentVariable(ReferencePage::VARIABLE);
+  if (!address) {
+    return {};
+  }
+  const std::optional<ReferencePage> page = ReferencePage::at(*address);
+  if (!page) {
+    throw FWKTError::envVariableError(std::string(ReferencePage::VARIABLE) + " is \"" + *address + "\", but must be " +
+                                      ReferencePage::RIGHT_ADDRESS);
+  }
+  return *page;
+}
+
+}  // namespace
+
 InstalledPlatform::InstalledPlatform(std::unique_ptr<UIDriver> driver, const std::string& documents) {
+  // Before anything is touched, since it may refuse.
+  ReferencePage::install(referencePage());
   // What is wrong with the folder is told by whoever opens it.
   std::error_code ignored;
   std::filesystem::create_directories(documents, ignored);

@@ -10,8 +10,10 @@
 /// the platform's side is compiled by compilers that do not let the two kinds of exceptions meet in one function.
 namespace quobrak::xctest {
 
-/// The platform of one test: the driver, and files below the Documents directory, which is made where it is missing.
-/// The clock stays the machine's. Throws `FileManagerError` where the directory cannot be used.
+/// The platform of one test: the driver, the reference page that the environment names, and files below the Documents
+/// directory, which is made where it is missing. The clock stays the machine's. Throws `FWKTError::envVariableError`
+/// where the page's address is wrong, before anything is touched, and `FileManagerError` where the directory cannot be
+/// used.
 class InstalledPlatform {
  public:
   InstalledPlatform(std::unique_ptr<UIDriver> driver, const std::string& documents);

@@ -14,6 +14,7 @@
 #include "drivers/simulator/SimulatedDriver.h"
 #include "platform/foundation/FileManager.h"
 #include "platform/foundation/VirtualClock.h"
+#include "quobrakUITests/ReferencePage.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace quobrak::xctest {
@@ -56,6 +57,26 @@ TEST_F(TestRun, MakesTheDocumentsDirectory) {
 TEST_F(TestRun, ADocumentsDirectoryThatIsNoneIsWhatTheTestRaised) {
   folder_.write("home", "a file");
   EXPECT_EQ(run("pause,10"), "The file “Documents” couldn’t be opened because there is no such file.");
+}
+
+TEST_F(TestRun, TakesTheReferencePageFromTheEnvironment) {
+  EXPECT_EQ(::setenv("QUOBRAK_REFERENCE_PAGE", "https://10.0.0.7/black/index.html", 1), 0);
+  EXPECT_EQ(run("pause,10"), std::nullopt);
+  EXPECT_EQ(ReferencePage::shared().address(), "https://10.0.0.7/black/index.html");
+}
+
+TEST_F(TestRun, AReferencePageThatIsNotSetIsTheOneThatNobodyServes) {
+  EXPECT_EQ(run("pause,10"), std::nullopt);
+  EXPECT_EQ(ReferencePage::shared().address(), ReferencePage().address());
+}
+
+TEST_F(TestRun, AWrongReferencePageIsWhatTheTestRaisedBeforeAnythingIsTouched) {
+  EXPECT_EQ(::setenv("QUOBRAK_REFERENCE_PAGE", "10.0.0.7", 1), 0);
+  EXPECT_EQ(run("pause,10"),
+            "QUOBRAK_REFERENCE_PAGE is \"10.0.0.7\", but must be an address such as "
+            "https://www.example.com/black/index.html, which begins with https:// and has that path");
+  EXPECT_FALSE(std::filesystem::exists(documents()));
+  EXPECT_DEATH(UIDriver::shared(), "No UI driver is installed");
 }
 
 TEST_F(TestRun, LeavesNoDriverBehind) {
