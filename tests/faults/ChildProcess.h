@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <functional>
 #include <optional>
 #include <string>
@@ -21,7 +22,7 @@ inline const ChildEnd RAN_THROUGH{.exitStatus = 0, .signal = {}, .printed = ""};
 
 /// Runs `body` in a process of its own, which ends with 0 when it returns, and with SIGABRT when it raises. What it
 /// changes in memory is gone afterwards: the shared state of the system begins anew. One that runs for longer than half
-/// a minute is killed by SIGALRM.
-ChildEnd inChildProcess(const std::function<void()>& body);
+/// a minute is killed by SIGALRM. What it prints goes to the file `printed`.
+ChildEnd inChildProcess(const std::function<void()>& body, const std::filesystem::path& printed);
 
 }  // namespace quobrak::faults

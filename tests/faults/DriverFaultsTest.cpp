@@ -3,7 +3,9 @@
 
 #include <algorithm>
 #include <csignal>
+#include <functional>
 #include <new>
+#include <stdexcept>
 
 #include "platform/uiautomation/UIAutomationError.h"
 #include "tests/faults/Expectation.h"
@@ -19,40 +21,49 @@ using ::testing::IsEmpty;
 /// The primitives that the system uses in a part of a run, and what becomes of the run when one of them fails.
 struct DriverCallClass {
   std::string primitive;
-  Part part;
+  Phase phase;
   Consequence afterError;
 };
 
 const std::vector<DriverCallClass> CLASSES{
-    {"addInterruptionMonitor", Part::beforeScripts, Consequence::runIsRefused},
+    {"addInterruptionMonitor", Phase::beforeScripts, Consequence::runIsRefused},
 
-    {"launch", Part::inLine, Consequence::scriptFails},
-    {"terminate", Part::inLine, Consequence::scriptFails},
-    {"count", Part::inLine, Consequence::scriptFails},
-    {"exists", Part::inLine, Consequence::scriptFails},
-    {"label", Part::inLine, Consequence::scriptFails},
-    {"frame", Part::inLine, Consequence::scriptFails},
-    {"isHittable", Part::inLine, Consequence::scriptFails},
-    {"waitForExistence", Part::inLine, Consequence::scriptFails},
-    {"waitForPredicate", Part::inLine, Consequence::scriptFails},
-    {"tap", Part::inLine, Consequence::scriptFails},
-    {"press", Part::inLine, Consequence::scriptFails},
-    {"pressThenDrag", Part::inLine, Consequence::scriptFails},
-    {"typeText", Part::inLine, Consequence::scriptFails},
-    {"swipe", Part::inLine, Consequence::scriptFails},
-    {"pressButton", Part::inLine, Consequence::scriptFails},
-    {"screenshot", Part::inLine, Consequence::scriptFails},
+    {"launch", Phase::inLine, Consequence::scriptFails},
+    {"terminate", Phase::inLine, Consequence::scriptFails},
+    {"count", Phase::inLine, Consequence::scriptFails},
+    {"exists", Phase::inLine, Consequence::scriptFails},
+    {"label", Phase::inLine, Consequence::scriptFails},
+    {"frame", Phase::inLine, Consequence::scriptFails},
+    {"isHittable", Phase::inLine, Consequence::scriptFails},
+    {"waitForExistence", Phase::inLine, Consequence::scriptFails},
+    {"waitForPredicate", Phase::inLine, Consequence::scriptFails},
+    {"tap", Phase::inLine, Consequence::scriptFails},
+    {"press", Phase::inLine, Consequence::scriptFails},
+    {"pressThenDrag", Phase::inLine, Consequence::scriptFails},
+    {"typeText", Phase::inLine, Consequence::scriptFails},
+    {"swipe", Phase::inLine, Consequence::scriptFails},
+    {"pressButton", Phase::inLine, Consequence::scriptFails},
+    {"screenshot", Phase::inLine, Consequence::scriptFails},
 
-    {"screenshot", Part::atEndOfScript, Consequence::pictureOrDumpIsMissing},
-    {"debugDescription", Part::atEndOfScript, Consequence::pictureOrDumpIsMissing},
+    {"screenshot", Phase::atEndOfScript, Consequence::pictureOrDumpIsMissing},
+    {"debugDescription", Phase::atEndOfScript, Consequence::pictureOrDumpIsMissing},
 
     // All results are written by then.
-    {"pressButton", Part::afterScripts, Consequence::resultsEnd},
-    {"removeInterruptionMonitor", Part::afterScripts, Consequence::resultsEnd},
+    {"pressButton", Phase::afterScripts, Consequence::resultsEnd},
+    {"removeInterruptionMonitor", Phase::afterScripts, Consequence::resultsEnd},
 };
 
 bool isOf(const DriverCallClass& kind, const Call& call) {
-  return call.name == kind.primitive && call.part == kind.part;
+  return call.name == kind.primitive && call.phase == kind.phase;
+}
+
+const DriverCallClass& classOf(const Call& call) {
+  const auto found =
+      std::find_if(CLASSES.begin(), CLASSES.end(), [&call](const DriverCallClass& kind) { return isOf(kind, call); });
+  if (found == CLASSES.end()) {
+    throw std::logic_error("a call of no class: " + call.name + " " + call.target);
+  }
+  return *found;
 }
 
 class DriverFaults : public ::testing::Test {
@@ -67,13 +78,10 @@ class DriverFaults : public ::testing::Test {
   }
 
   void expectFailure(const Call& call, const std::function<void()>& raise, const Failure& failure) const {
-    const auto kind = std::find_if(CLASSES.begin(), CLASSES.end(),
-                                   [&call](const DriverCallClass& candidate) { return isOf(candidate, call); });
-    ASSERT_NE(kind, CLASSES.end()) << call.name;
     const SuiteRun run = runWith(call, raise);
     SCOPED_TRACE(call.name + " " + call.target + ", primitive " + std::to_string(call.number));
     EXPECT_EQ(run.end, RAN_THROUGH);
-    EXPECT_EQ(run.outcome.summary(), expectedAfter(suite, undisturbed, call, kind->afterError, failure));
+    EXPECT_EQ(run.outcome.summary(), expectedAfter(suite, undisturbed, call, classOf(call).afterError, failure));
     EXPECT_THAT(run.outcome.damages(), IsEmpty());
   }
 

@@ -1,8 +1,9 @@
 #include "tests/faults/Expectation.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
+#include <functional>
+#include <string_view>
+#include <utility>
 
 namespace quobrak::faults {
 
@@ -139,14 +140,14 @@ class Expectation {
 };
 
 /// What the status, or whoever started the run, is told of an error that is none of the system's own.
-std::string reasonOf(Part part, const std::string& message) {
-  switch (part) {
-    case Part::inLine:
+std::string reasonOf(Phase phase, const std::string& message) {
+  switch (phase) {
+    case Phase::inLine:
       return "An unknown error occured while executing actions";
-    case Part::atEndOfScript:
+    case Phase::atEndOfScript:
       return "An unknown error occured while taking screenshots and dump";
-    case Part::beforeScripts:
-    case Part::afterScripts:
+    case Phase::beforeScripts:
+    case Phase::afterScripts:
       break;
   }
   return message;
@@ -155,7 +156,7 @@ std::string reasonOf(Part part, const std::string& message) {
 }  // namespace
 
 Failure unknownFailure(const Call& call, const std::string& kind, const std::string& message) {
-  return {.reason = reasonOf(call.part, message), .traced = kind + ": " + message};
+  return {.reason = reasonOf(call.phase, message), .traced = kind + ": " + message};
 }
 
 Summary expectedAfter(const Suite& suite, const Outcome& undisturbed, const Call& failed, Consequence consequence,

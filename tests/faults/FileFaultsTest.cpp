@@ -2,10 +2,13 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 
+#include <algorithm>
 #include <csignal>
+#include <functional>
 #include <new>
 #include <optional>
 #include <regex>
+#include <stdexcept>
 
 #include "platform/foundation/FileManager.h"
 #include "tests/faults/Expectation.h"
@@ -22,45 +25,55 @@ struct FileCallClass {
   std::string operation;
   /// A regular expression for the whole path.
   std::string path;
-  Part part;
+  Phase phase;
   Consequence afterError;
   /// Where the operation is a question, and is answered no because the disk cannot be asked.
   std::optional<Consequence> withoutAnswer;
 };
 
 const std::vector<FileCallClass> CLASSES{
-    {"readText", "scripts/.*", Part::beforeScripts, Consequence::runIsRefused, {}},
-    {"fileExists", "tests-results|measures|testsStatus[.]json", Part::beforeScripts, Consequence::clearingEnds,
+    {"readText", "scripts/.*", Phase::beforeScripts, Consequence::runIsRefused, {}},
+    {"fileExists", "tests-results|measures|testsStatus[.]json", Phase::beforeScripts, Consequence::clearingEnds,
      Consequence::isNotCleared},
-    {"removeItem", "tests-results|measures|testsStatus[.]json", Part::beforeScripts, Consequence::clearingEnds, {}},
+    {"removeItem", "tests-results|measures|testsStatus[.]json", Phase::beforeScripts, Consequence::clearingEnds, {}},
 
-    {"fileExists", ".*/screenshots", Part::inLine, Consequence::scriptFails, Consequence::nothing},
-    {"createDirectory", ".*/screenshots", Part::inLine, Consequence::scriptFails, {}},
-    {"write", ".*/screenshots/.*_start[.]png", Part::inLine, Consequence::scriptFails, {}},
-    {"write", ".*/screenshots/.*_stop[.]png", Part::inLine, Consequence::scriptFails, {}},
+    {"fileExists", ".*/screenshots", Phase::inLine, Consequence::scriptFails, Consequence::nothing},
+    {"createDirectory", ".*/screenshots", Phase::inLine, Consequence::scriptFails, {}},
+    {"write", ".*/screenshots/.*_start[.]png", Phase::inLine, Consequence::scriptFails, {}},
+    {"write", ".*/screenshots/.*_stop[.]png", Phase::inLine, Consequence::scriptFails, {}},
 
-    {"fileExists", ".*/screenshots", Part::atEndOfScript, Consequence::pictureOrDumpIsMissing, Consequence::nothing},
-    {"createDirectory", ".*/screenshots", Part::atEndOfScript, Consequence::pictureOrDumpIsMissing, {}},
-    {"write", ".*/screenshots/.*_(success|failed)[.]png", Part::atEndOfScript, Consequence::pictureOrDumpIsMissing, {}},
-    {"fileExists", ".*/dump", Part::atEndOfScript, Consequence::pictureOrDumpIsMissing, Consequence::nothing},
-    {"createDirectory", ".*/dump", Part::atEndOfScript, Consequence::pictureOrDumpIsMissing, {}},
-    {"write", ".*/dump/dump[.]txt", Part::atEndOfScript, Consequence::pictureOrDumpIsMissing, {}},
+    {"fileExists", ".*/screenshots", Phase::atEndOfScript, Consequence::pictureOrDumpIsMissing, Consequence::nothing},
+    {"createDirectory", ".*/screenshots", Phase::atEndOfScript, Consequence::pictureOrDumpIsMissing, {}},
+    {"write",
+     ".*/screenshots/.*_(success|failed)[.]png",
+     Phase::atEndOfScript,
+     Consequence::pictureOrDumpIsMissing,
+     {}},
+    {"fileExists", ".*/dump", Phase::atEndOfScript, Consequence::pictureOrDumpIsMissing, Consequence::nothing},
+    {"createDirectory", ".*/dump", Phase::atEndOfScript, Consequence::pictureOrDumpIsMissing, {}},
+    {"write", ".*/dump/dump[.]txt", Phase::atEndOfScript, Consequence::pictureOrDumpIsMissing, {}},
 
-    {"fileExists", "measures", Part::afterScripts, Consequence::resultsEnd, Consequence::nothing},
-    {"createDirectory", "measures", Part::afterScripts, Consequence::resultsEnd, {}},
-    {"write", "measures/.*", Part::afterScripts, Consequence::resultsEnd, {}},
+    {"fileExists", "measures", Phase::afterScripts, Consequence::resultsEnd, Consequence::nothing},
+    {"createDirectory", "measures", Phase::afterScripts, Consequence::resultsEnd, {}},
+    {"write", "measures/.*", Phase::afterScripts, Consequence::resultsEnd, {}},
     // The folder of the status file is the Documents directory itself.
-    {"fileExists", "", Part::afterScripts, Consequence::resultsEnd, Consequence::nothing},
-    {"createDirectory", "", Part::afterScripts, Consequence::resultsEnd, {}},
-    {"write", "testsStatus[.]json", Part::afterScripts, Consequence::resultsEnd, {}},
+    {"fileExists", "", Phase::afterScripts, Consequence::resultsEnd, Consequence::nothing},
+    {"createDirectory", "", Phase::afterScripts, Consequence::resultsEnd, {}},
+    {"write", "testsStatus[.]json", Phase::afterScripts, Consequence::resultsEnd, {}},
 };
 
 bool isOf(const FileCallClass& kind, const Call& call) {
-  return call.name == kind.operation && call.part == kind.part && std::regex_match(call.target, std::regex(kind.path));
+  return call.name == kind.operation && call.phase == kind.phase &&
+         std::regex_match(call.target, std::regex(kind.path));
 }
 
 const FileCallClass& classOf(const Call& call) {
-  return *std::find_if(CLASSES.begin(), CLASSES.end(), [&call](const FileCallClass& kind) { return isOf(kind, call); });
+  const auto found =
+      std::find_if(CLASSES.begin(), CLASSES.end(), [&call](const FileCallClass& kind) { return isOf(kind, call); });
+  if (found == CLASSES.end()) {
+    throw std::logic_error("a call of no class: " + call.name + " " + call.target);
+  }
+  return *found;
 }
 
 constexpr const char* IS_GONE = "The volume “Data” is gone.";

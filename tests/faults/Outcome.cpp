@@ -100,27 +100,27 @@ void Outcome::read(const JSONReader& event) {
       summary_.raised = raised->text();
     }
   } else {
-    readPart(event);
+    readPhase(event);
   }
 }
 
-void Outcome::readPart(const JSONReader& event) {
+void Outcome::readPhase(const JSONReader& event) {
   const std::string kind = event.member("event").text();
   if (kind == "scriptStarted") {
     script_ = static_cast<std::size_t>(event.member("number").integer()) - 1;
     isLastScript_ = event.member("number").integer() == event.member("total").integer();
-    part_ = Part::atEndOfScript;
+    phase_ = Phase::atEndOfScript;
   } else if (kind == "lineStarted") {
-    part_ = Part::inLine;
+    phase_ = Phase::inLine;
     line_ = static_cast<std::size_t>(event.member("number").integer());
   } else if (kind == "lineFinished") {
-    part_ = Part::atEndOfScript;
+    phase_ = Phase::atEndOfScript;
     line_ = 0;
     if (event.member("text").text().starts_with("measureStart")) {
       callsBeforeStep_ = calls_.size();
     }
   } else if (kind == "scriptFinished" && isLastScript_) {
-    part_ = Part::afterScripts;
+    phase_ = Phase::afterScripts;
   }
 }
 
@@ -131,7 +131,7 @@ void Outcome::readCall(const JSONReader& event, Seam seam) {
                     .number = number,
                     .name = event.member("name").text(),
                     .target = event.member("target").text(),
-                    .part = part_,
+                    .phase = phase_,
                     .script = script_,
                     .line = line_});
   if (calls_.back().name == "write") {

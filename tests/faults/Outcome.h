@@ -18,7 +18,7 @@ namespace quobrak::faults {
 enum class Seam { files, driver };
 
 /// The part of a run that something happens in.
-enum class Part {
+enum class Phase {
   /// The scripts are read, and the results of earlier runs cleared.
   beforeScripts,
   inLine,
@@ -39,7 +39,7 @@ struct Call {
   std::string name;
   /// The path from the Documents directory on, or what is acted on, in words.
   std::string target;
-  Part part;
+  Phase phase;
   /// The script that runs, or that ran last, counted from 0.
   std::size_t script;
   /// The line that runs, from 1; 0 where none does.
@@ -120,7 +120,7 @@ class Outcome {
 
  private:
   void read(const JSONReader& event);
-  void readPart(const JSONReader& event);
+  void readPhase(const JSONReader& event);
   void readCall(const JSONReader& event, Seam seam);
   void checkContent(const std::string& path, const std::string& content, const Files& before);
   void readFile(const std::string& path, const std::string& content);
@@ -139,7 +139,7 @@ class Outcome {
   std::map<std::string, std::set<std::string>> wanted_;
 
   // Where the reading of the log stands.
-  Part part_ = Part::beforeScripts;
+  Phase phase_ = Phase::beforeScripts;
   std::size_t script_ = 0;
   std::size_t line_ = 0;
   bool isLastScript_ = false;

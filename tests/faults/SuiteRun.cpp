@@ -3,8 +3,11 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <exception>
 #include <filesystem>
 #include <memory>
+#include <optional>
+#include <string_view>
 #include <utility>
 
 #include "drivers/simulator/PhoneLoader.h"
@@ -28,8 +31,9 @@ namespace fs = std::filesystem;
 
 constexpr const char* DOCUMENTS = "Documents";
 constexpr const char* LOG = "log";
+constexpr const char* PRINTED = "printed";
 
-/// The path of the Documents directory's own for what lies in it; another path as it is.
+/// The path from the Documents directory on, of what lies in it; another path as it is.
 std::string pathInDocuments(const std::string& path) {
   const std::string documents = FileManager::defaultManager().documentDirectory();
   return path.starts_with(documents + "/") ? path.substr(documents.size() + 1) : path == documents ? "" : path;
@@ -132,7 +136,7 @@ SuiteRun SuiteRun::of(const Suite& suite, const Interventions& interventions) {
   for (const auto& [path, content] : before) {
     folder.write(std::string(DOCUMENTS) + "/" + path, content);
   }
-  ChildEnd end = inChildProcess([&] { runHere(suite, folder.path(), interventions); });
+  ChildEnd end = inChildProcess([&] { runHere(suite, folder.path(), interventions); }, folder.path() / PRINTED);
   return {.end = std::move(end), .outcome = Outcome(before, filesIn(folder), folder.read(LOG))};
 }
 

@@ -31,7 +31,7 @@ struct Suite {
 /// All that is in the Documents directory before the run.
 Files documentsBefore(const Suite& suite);
 
-/// What happens to a run from outside.
+/// What happens to a run from outside. It happens in the process of the run: what is captured changes there alone.
 struct Interventions {
   /// Called in place of the file operation of that number, from 1, which `carryOut` carries out; may raise.
   std::function<void(std::size_t number, const std::function<void()>& carryOut)> files =

@@ -65,7 +65,7 @@ TEST_F(UndisturbedRun, AsksOfThePhoneAllThatTheSystemAsksOfAny) {
 TEST_F(UndisturbedRun, TakesThePictureOfAScriptBeforeItsDumpAndWritesTheMeasuresBeforeTheStatuses) {
   std::vector<std::string> written;
   for (const Call& call : outcome.callsOf(Seam::files)) {
-    if (call.name == "write" && call.part != Part::inLine) {
+    if (call.name == "write" && call.phase != Phase::inLine) {
       written.push_back(call.target.substr(0, call.target.find("-17")));
     }
   }
