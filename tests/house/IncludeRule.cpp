@@ -56,7 +56,7 @@ const std::vector<Library>& libraries() {
       {{"httplib.h"}, {"phoneserver/", "tests/conformance/", "tests/drivers/webdriver/", "tests/phoneserver/"}},
       {{"sodium.h"}, {"drivers/webdriver/", "phoneserver/"}},
       {{"gtest/", "gmock/"}, {"tests/"}},
-      {{"unistd.h", "fcntl.h", "stdlib.h", "grp.h", "spawn.h", "sys/"}, {""}},
+      {{"unistd.h", "fcntl.h", "stdlib.h", "grp.h", "sched.h", "spawn.h", "sys/"}, {""}},
   };
   return LIBRARIES;
 }
