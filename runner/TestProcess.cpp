@@ -112,9 +112,8 @@ class InstalledPlatform {
 
     if (configuration.clock == ClockKind::virtualTime) {
       Clock::install(std::make_unique<VirtualClock>());
-      files = std::make_unique<TimedFileManager>(std::move(files), Clock::shared());
     }
-    FileManager::install(std::move(files));
+    FileManager::install(std::make_unique<TimedFileManager>(std::move(files), Clock::shared()));
     ReferencePage::install(configuration.referencePage);
     std::unique_ptr<UIDriver> driver = makeDriver(Clock::shared());
     if (output_) {

@@ -8,8 +8,9 @@
 
 namespace quobrak {
 
-/// A file manager for runs on virtual time: each file that is written takes one millisecond. Without it two measures of
-/// one name, written one after the other, would get the same time in their file names, and one would be lost.
+/// A file manager with which each file that is written takes a millisecond at least. Without it two measures of one
+/// name, written one after the other, could get the same time in their file names, and one would be lost: on virtual
+/// time any two, and on the machine's clock most, since disks are faster than that.
 class TimedFileManager final : public FileManager {
  public:
   /// `clock` must outlive the file manager.

@@ -482,6 +482,8 @@ void Applications::carryOut(const OpenAddress& effect, const Context&) {
   }
   values_.set("address", address);
   activate(opener->bundleIdentifier);
+  // What its rules did at its start may have opened another one.
+  values_.set("address", address);
   if (const RunningApplication* const application = running(opener->bundleIdentifier)) {
     const Occurrence opened{.event = RuleEvent::address, .screen = application->screenName};
     carryOut(firstReaction(opener->rules, opened, values_), opener->bundleIdentifier);

@@ -97,11 +97,18 @@ class OpenFile {
     return static_cast<std::size_t>(uninterrupted([&] { return ::read(descriptor_, buffer, size); }));
   }
 
-  void write(DataView data) const {
+  // Writes all of it, from that many bytes after the beginning of the file on.
+  void write(DataView data, std::size_t offset) const {
     while (!data.empty()) {
-      const auto count = uninterrupted([&] { return ::write(descriptor_, data.data(), data.size()); });
+      const auto count =
+          uninterrupted([&] { return ::pwrite(descriptor_, data.data(), data.size(), static_cast<off_t>(offset)); });
       data = data.subspan(static_cast<std::size_t>(count));
+      offset += static_cast<std::size_t>(count);
     }
+  }
+
+  void setSize(std::size_t size) const {
+    uninterrupted([&] { return ::ftruncate(descriptor_, static_cast<off_t>(size)); });
   }
 
   // Some file systems tell only now that a write failed. An interrupted close has closed all the same.
@@ -288,16 +295,27 @@ std::optional<mode_t> modeOfFile(const std::string& path) {
 
 void writeBesideAndMove(DataView data, const std::string& path, std::optional<mode_t> mode) {
   TemporaryFile temporary(deletingLastPathComponent(path));
-  temporary.file().write(data);
+  temporary.file().write(data, 0);
   if (mode) {
     temporary.file().setMode(*mode);
   }
   temporary.moveOver(path);
 }
 
+// What goes beyond the old end comes first: it alone needs more room, and where that is missing the file is cut back to
+// what it held.
 void writeInPlace(DataView data, const std::string& path) {
-  OpenFile file(path, O_WRONLY | O_TRUNC, 0);
-  file.write(data);
+  OpenFile file(path, O_WRONLY, 0);
+  const auto oldSize = static_cast<std::size_t>(file.status().st_size);
+  const std::size_t overwritten = std::min(oldSize, data.size());
+  try {
+    file.write(data.subspan(overwritten), oldSize);
+  } catch (const std::system_error&) {
+    file.setSize(oldSize);
+    throw;
+  }
+  file.write(data.first(overwritten), 0);
+  file.setSize(data.size());
   file.close();
 }
 

@@ -36,14 +36,20 @@ std::string listed(const Names& names) {
 /// Whether a comment means to say something to the test. What begins like that must not pass for prose because of a
 /// slip of the pen.
 bool isForTheTest(const std::string& comment) {
-  static const std::regex BEGINNING("^(phone\\b|driver|expect)", std::regex::icase);
+  static const std::regex BEGINNING("^(phone\\b|value\\b|driver|expect)", std::regex::icase);
   return std::regex_search(comment, BEGINNING);
 }
 
 class ScriptFileReader {
  public:
   ScriptFileReader(const std::string& name, const std::string& text)
-      : file_{.name = name, .text = text, .phone = "phone", .drivers = {}, .expectations = {}, .commands = {}} {}
+      : file_{.name = name,
+              .text = text,
+              .phone = "phone",
+              .values = {},
+              .drivers = {},
+              .expectations = {},
+              .commands = {}} {}
 
   ScriptFile read() && {
     ScriptLines lines(file_.text);
@@ -68,16 +74,27 @@ class ScriptFileReader {
   void readComment(const std::string& comment) {
     static const std::regex EXPECTATION("^expect ([a-z]+): (.+)$");
     static const std::regex PHONE("^phone: (\\S+)$");
+    static const std::regex VALUE("^value ([A-Za-z0-9_.]+):(?: (.+))?$");
     static const std::regex DRIVERS_AND_REASON("^drivers: ([a-z, ]+) \\((.+)\\)$");
     std::smatch parts;
     if (std::regex_match(comment, parts, EXPECTATION)) {
       addExpectation({line_, parts[1], parts[2]});
     } else if (std::regex_match(comment, parts, PHONE)) {
       file_.phone = parts[1];
+    } else if (std::regex_match(comment, parts, VALUE)) {
+      addValue(parts[1], parts[2]);
     } else if (std::regex_match(comment, parts, DRIVERS_AND_REASON)) {
       readDrivers(parts[1]);
     } else if (isForTheTest(comment)) {
-      failHere("\"" + comment + "\" is none of \"expect KEY: TEXT\", \"phone: FOLDER\" and \"drivers: A, B (REASON)\"");
+      failHere(
+          "\"" + comment +
+          "\" is none of \"expect KEY: TEXT\", \"phone: FOLDER\", \"value NAME: TEXT\" and \"drivers: A, B (REASON)\"");
+    }
+  }
+
+  void addValue(const std::string& name, const std::string& text) {
+    if (!file_.values.emplace(name, text).second) {
+      failHere("the value \"" + name + "\" is given a second time");
     }
   }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <map>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -47,6 +48,8 @@ struct ScriptFile {
   std::string text;
   /// The folder of the phone that it runs on, or "built-in".
   std::string phone;
+  /// Named values that the phone begins with in place of its own, and their texts.
+  std::map<std::string, std::string> values;
   /// The drivers that it is meant for; none named means all.
   std::vector<std::string> drivers;
   std::vector<Expectation> expectations;

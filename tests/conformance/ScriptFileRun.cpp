@@ -7,6 +7,7 @@
 
 #include "drivers/simulator/PhoneFiles.h"
 #include "quobrakUITests/RunObserver.h"
+#include "tests/conformance/PhoneWithValues.h"
 #include "tests/conformance/ScriptFiles.h"
 #include "tests/conformance/ScriptRun.h"
 
@@ -69,9 +70,10 @@ std::string shortest(double number) {
 
 void ScriptFileRun::switchOnPhoneOf(const ScriptFile& script) {
   if (script.phone == "built-in") {
-    switchOn(simulator::BuiltinPhoneFiles());
+    switchOn(PhoneWithValues(simulator::BuiltinPhoneFiles(), script.values));
   } else {
-    switchOn(simulator::FolderPhoneFiles(std::string(SCRIPTS_FOLDER) + "/" + script.phone));
+    const simulator::FolderPhoneFiles files(std::string(SCRIPTS_FOLDER) + "/" + script.phone);
+    switchOn(PhoneWithValues(files, script.values));
   }
 }
 

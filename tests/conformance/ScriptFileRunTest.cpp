@@ -2,6 +2,8 @@
 
 #include <gtest/gtest-spi.h>
 
+#include "tests/conformance/PhoneWithValues.h"
+
 namespace quobrak::conformance {
 namespace {
 
@@ -75,6 +77,22 @@ TEST_F(ScriptFileRunTest, OfAScriptThatDoesNothingNothingIsTold) {
                           ::testing::Pair("steps", "nothing"), ::testing::Pair("touched", "nothing"),
                           ::testing::Pair("volume", "50")));
   EXPECT_EQ(phone().description().name, "Built-in phone");
+}
+
+TEST_F(ScriptFileRunTest, ThePhoneBeginsWithTheValuesThatTheScriptGives) {
+  const ScriptFileOutcome outcome = outcomeOf(
+      readScriptFile("values",
+                     "# phone: built-in\n# value settings.closeAllTabs: on\n# value store.downloadTime: 5\n"
+                     "# expect status: success\n# expect touched: nothing\napplicationStart,com.apple.Preferences\n"));
+  EXPECT_EQ(phone().description().values.text("settings.closeAllTabs"), "on");
+  EXPECT_EQ(phone().description().values.text("store.downloadTime"), "5");
+  EXPECT_EQ(outcome.told.at("status"), "success");
+}
+
+TEST_F(ScriptFileRunTest, AValueThatThePhoneDoesNotKnowIsRefused) {
+  const ScriptFile script =
+      readScriptFile("values", "# value form.colour: red\n# expect status: success\n# expect touched: nothing\n");
+  EXPECT_THAT([&] { outcomeOf(script); }, ::testing::Throws<UnknownValueError>());
 }
 
 }  // namespace

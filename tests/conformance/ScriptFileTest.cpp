@@ -7,6 +7,7 @@ namespace quobrak::conformance {
 namespace {
 
 using ::testing::ElementsAre;
+using ::testing::Pair;
 using ::testing::ThrowsMessage;
 
 const std::string BASIC = "# expect status: success\n# expect touched: a\n";
@@ -16,30 +17,33 @@ std::string withStatus(const std::string& status, const std::string& script) {
 }
 
 TEST(ScriptFile, SaysWhatItIsAndWhatIsExpectedOfIt) {
-  const ScriptFile file = readScriptFile("tap/save",
-                                         "# Taps.\n# phone: built-in\n#drivers: wda, xctest (the others cannot)\n"
-                                         "  #  expect status: success  \n# expect touched: a, b\n"
-                                         "# expect screen: label == \"A\"\n# expect screen: not label == \"B\"\n"
-                                         "\n start,x\nend\n");
+  const ScriptFile file = readScriptFile(
+      "tap/save",
+      "# Taps.\n# phone: built-in\n# value a.one: 1 + 1\n# value two:\n#drivers: wda, xctest (the others cannot)\n"
+      "  #  expect status: success  \n# expect touched: a, b\n"
+      "# expect screen: label == \"A\"\n# expect screen: not label == \"B\"\n"
+      "\n start,x\nend\n");
   EXPECT_EQ(file.name, "tap/save");
   EXPECT_EQ(file.phone, "built-in");
+  EXPECT_THAT(file.values, ElementsAre(Pair("a.one", "1 + 1"), Pair("two", "")));
   EXPECT_THAT(file.drivers, ElementsAre("wda", "xctest"));
   std::vector<std::string> expected;
   for (const Expectation& expectation : file.expectations) {
     expected.push_back(std::to_string(expectation.line) + " " + expectation.key + ": " + expectation.text);
   }
-  EXPECT_THAT(expected, ElementsAre("4 status: success", "5 touched: a, b", "6 screen: label == \"A\"",
-                                    "7 screen: not label == \"B\""));
+  EXPECT_THAT(expected, ElementsAre("6 status: success", "7 touched: a, b", "8 screen: label == \"A\"",
+                                    "9 screen: not label == \"B\""));
   std::vector<std::string> commands;
   for (const CommandLine& command : file.commands) {
     commands.push_back(std::to_string(command.line) + " " + command.command);
   }
-  EXPECT_THAT(commands, ElementsAre("9 start", "10 end"));
+  EXPECT_THAT(commands, ElementsAre("11 start", "12 end"));
 }
 
 TEST(ScriptFile, RunsOnThePhoneOfTheScriptsAndForEveryDriverUnlessItSaysOtherwise) {
   const ScriptFile file = readScriptFile("s", BASIC);
   EXPECT_EQ(file.phone, "phone");
+  EXPECT_TRUE(file.values.empty());
   EXPECT_TRUE(file.isFor("simulator"));
   EXPECT_TRUE(file.isFor("xctest"));
   const ScriptFile limited = readScriptFile("s", BASIC + "# drivers: simulator, wda (because)\n");
@@ -49,7 +53,8 @@ TEST(ScriptFile, RunsOnThePhoneOfTheScriptsAndForEveryDriverUnlessItSaysOtherwis
 
 TEST(ScriptFile, IsRefusedWhereItIsNotClearWhatIsExpected) {
   const std::string keys = "status, touched, screen, elapsed, volume, steps, pictures";
-  const std::string malformed = R"-(" is none of "expect KEY: TEXT", "phone: FOLDER" and "drivers: A, B (REASON)")-";
+  const std::string malformed =
+      R"-(" is none of "expect KEY: TEXT", "phone: FOLDER", "value NAME: TEXT" and "drivers: A, B (REASON)")-";
   struct Row {
     std::string text;
     std::string message;
@@ -71,6 +76,9 @@ TEST(ScriptFile, IsRefusedWhereItIsNotClearWhatIsExpected) {
            Row{BASIC + "# expects volume: 5", "s: line 3: \"expects volume: 5" + malformed},
            Row{BASIC + "# Expect volume: 5", "s: line 3: \"Expect volume: 5" + malformed},
            Row{BASIC + "# phone: of mine", "s: line 3: \"phone: of mine" + malformed},
+           Row{BASIC + "# value a b: 1", "s: line 3: \"value a b: 1" + malformed},
+           Row{BASIC + "# value: a = 1", "s: line 3: \"value: a = 1" + malformed},
+           Row{BASIC + "# value a: 1\n# value a: 1", "s: line 4: the value \"a\" is given a second time"},
            Row{BASIC + "# drivers: wda", "s: line 3: \"drivers: wda" + malformed},
            Row{BASIC + "# driver: wda (because)", "s: line 3: \"driver: wda (because)" + malformed},
            Row{BASIC + "# drivers: wda, android (because)",

@@ -49,14 +49,15 @@ const std::vector<Library>& libraries() {
       {{"cairo", "ft2build.h", "FT_FREETYPE_H", "freetype/", "png.h"},
        {"drivers/simulator/", "tests/drivers/simulator/", "benchmarks/"}},
       {{"pugixml.hpp"},
-       {"drivers/simulator/", "phoneserver/", "tests/drivers/simulator/", "tests/phoneserver/", "benchmarks/"}},
+       {"drivers/simulator/", "phoneserver/", "tests/drivers/simulator/", "tests/phoneserver/", "tests/support/",
+        "benchmarks/"}},
       {{"CLI/"}, {"phoneserver/"}},
-      {{"libxml/"}, {"benchmarks/"}},
+      {{"libxml/"}, {"tests/oracles/", "benchmarks/"}},
       {{"curl/"}, {"drivers/webdriver/", "benchmarks/"}},
       {{"httplib.h"}, {"phoneserver/", "tests/conformance/", "tests/drivers/webdriver/", "tests/phoneserver/"}},
       {{"sodium.h"}, {"drivers/webdriver/", "phoneserver/"}},
       {{"gtest/", "gmock/"}, {"tests/"}},
-      {{"unistd.h", "fcntl.h", "stdlib.h", "grp.h", "spawn.h", "sys/"}, {""}},
+      {{"unistd.h", "fcntl.h", "stdlib.h", "grp.h", "sched.h", "spawn.h", "sys/"}, {""}},
   };
   return LIBRARIES;
 }

@@ -246,6 +246,16 @@ TEST_F(SuitesRunWithEarlierResults, ARunThatCannotBeginLeavesThem) {
   EXPECT_EQ(document("testsStatus.json"), "old");
 }
 
+TEST_F(SuitesRun, KeepsEachMeasureOfOneNameOnAnyClock) {
+  addScript("S", "scripts/a.txt",
+            std::string(START) + "measureStart,Step\nmeasureStop\nmeasureStop\nmeasureStop\nmeasureStop\nmeasureStop");
+  for (const std::string clock : {"virtual", "system"}) {
+    start.environment["QUOBRAK_CLOCK"] = clock;
+    runsThrough();
+    EXPECT_EQ(measures().size(), 5U) << clock;
+  }
+}
+
 TEST_F(SuitesRun, WritesTheSameFilesOnTheBuiltinPhone) {
   start.environment.erase("QUOBRAK_PHONE");
   addScript("S", "scripts/a.txt", "applicationStart,com.example.shop");

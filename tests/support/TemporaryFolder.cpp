@@ -9,8 +9,10 @@
 
 namespace quobrak::testing {
 
-TemporaryFolder::TemporaryFolder() {
-  std::string name = ::testing::TempDir() + "quobrak-XXXXXX";
+TemporaryFolder::TemporaryFolder() : TemporaryFolder(::testing::TempDir()) {}
+
+TemporaryFolder::TemporaryFolder(const std::filesystem::path& parent) {
+  std::string name = (parent / "quobrak-XXXXXX").string();
   if (::mkdtemp(name.data()) == nullptr) {
     ADD_FAILURE() << "no temporary folder could be made at " << name;
   }

@@ -11,6 +11,8 @@ namespace quobrak::testing {
 class TemporaryFolder {
  public:
   TemporaryFolder();
+  /// In the folder `parent`, which must exist.
+  explicit TemporaryFolder(const std::filesystem::path& parent);
   ~TemporaryFolder();
   TemporaryFolder(const TemporaryFolder&) = delete;
   TemporaryFolder& operator=(const TemporaryFolder&) = delete;

@@ -1,21 +1,21 @@
 #include "drivers/simulator/BuiltinFiles.h"
 
-#include "drivers/simulator/PageSource.h"
+#include "drivers/simulator/PhoneFiles.h"
+#include "drivers/simulator/PhoneLoader.h"
 #include "platform/foundation/JSON.h"
 
 #include <gtest/gtest.h>
 
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 
 namespace quobrak::simulator {
 namespace {
 
-constexpr std::string_view APPLICATIONS[] = {"com.apple.springboard", "com.example.shop"};
-constexpr std::string_view SCREENS[] = {"com.apple.springboard/home.xml", "com.example.shop/basket.xml",
-                                        "com.example.shop/confirmed.xml", "com.example.shop/product.xml",
-                                        "com.example.shop/products.xml",  "com.example.shop/start.xml"};
+constexpr std::string_view APPLICATIONS[] = {"com.apple.springboard", "com.apple.AppStore", "com.apple.Preferences",
+                                             "com.apple.mobilesafari", "com.example.shop"};
 
 JSONValue decodedFile(const std::string& path) {
   const std::optional<std::string_view> text = builtinPhoneFile(path);
@@ -52,13 +52,30 @@ TEST(BuiltinFiles, HaveTheFirstScreenOfEveryApplication) {
   }
 }
 
-TEST(BuiltinFiles, HaveScreensThatArePageSourcesOfTheWholeScreen) {
-  for (const std::string_view path : SCREENS) {
-    const std::optional<std::string_view> xml = builtinPhoneFile(path);
-    ASSERT_TRUE(xml.has_value()) << path;
-    const auto page = readPageSource(*xml, {390, 844});
-    EXPECT_EQ(page->frame, (Rect{{0, 0}, {390, 844}})) << path;
-    EXPECT_FALSE(page->children().empty()) << path;
+TEST(BuiltinFiles, DescribeAPhoneWhoseScreensFillIt) {
+  const PhoneDescription phone = loadPhone(BuiltinPhoneFiles());
+
+  EXPECT_EQ(phone.applications.size(), std::size(APPLICATIONS));
+  for (const auto& [bundleIdentifier, application] : phone.applications) {
+    for (const auto& [name, screen] : application.screens) {
+      EXPECT_EQ(screen->frame, (Rect{{0, 0}, phone.size})) << bundleIdentifier << " " << name;
+      EXPECT_FALSE(screen->children().empty()) << bundleIdentifier << " " << name;
+    }
+  }
+}
+
+TEST(BuiltinFiles, HaveAnIconForEveryApplicationButTheHomeScreen) {
+  const PhoneDescription phone = loadPhone(BuiltinPhoneFiles());
+  std::set<std::string> icons;
+  forEachDescendant(*phone.applications.at(phone.home).screens.at("home"), [&icons](const Element& element) {
+    if (element.type == ElementType::icon) {
+      icons.insert(element.label);
+    }
+  });
+
+  EXPECT_EQ(icons, (std::set<std::string>{"App Store", "Safari", "Settings", "Shop"}));
+  for (const auto& [bundleIdentifier, application] : phone.applications) {
+    EXPECT_EQ(icons.contains(application.name), bundleIdentifier != phone.home) << bundleIdentifier;
   }
 }
 

@@ -534,12 +534,39 @@ TEST_F(ConfinedFileManagerTest, AFileThatMayNotBeWrittenIsNotReplaced) {
 
 TEST_F(ConfinedFileManagerTest, AFileIsReplacedInAFolderThatMayNotBeWritten) {
   fs::permissions(root / "a", fs::perms(0555));
-  EXPECT_EXIT(exitAsNobody(root,
-                           [this] {
-                             write("new", "a/x.txt");
-                             return read("a/x.txt") == "new";
-                           }),
-              testing::ExitedWithCode(0), "");
+  EXPECT_EXIT(
+      exitAsNobody(root,
+                   [this] {
+                     bool isReplaced = true;
+                     for (const std::string& content : {"new"s, "longer than before"s, "as long as before."s, ""s}) {
+                       write(content, "a/x.txt");
+                       isReplaced = isReplaced && read("a/x.txt") == content;
+                     }
+                     return isReplaced;
+                   }),
+      testing::ExitedWithCode(0), "");
+  fs::permissions(root / "a", fs::perms(0755));
+}
+
+TEST_F(ConfinedFileManagerTest, AFileThatCannotGrowHoldsWhatItHeld) {
+  for (const unsigned folderMode : {0755U, 0555U}) {
+    fs::permissions(root / "a", fs::perms(folderMode));
+    EXPECT_EXIT(exitAsNobody(root,
+                             [this] {
+                               const std::string before = read("a/x.txt");
+                               const LargestFile limit(before.size() + 2);
+                               try {
+                                 write(before + " and more", "a/x.txt");
+                               } catch (const FileManagerError& error) {
+                                 return error.what() ==
+                                            "You can’t save the file “x.txt” because the volume is out of space."s &&
+                                        read("a/x.txt") == before;
+                               }
+                               return false;
+                             }),
+                testing::ExitedWithCode(0), "");
+    EXPECT_THAT(namesIn(root / "a"), ElementsAre("b", "x.txt"));
+  }
   fs::permissions(root / "a", fs::perms(0755));
 }
 
