@@ -37,7 +37,8 @@ CommandNote dragging(const std::string& name, const std::string& description, co
           .example = "applicationStart,com.apple.Preferences\n" + example};
 }
 
-CommandNote swipingToText(const std::string& name, const std::string& swipe, const std::string& example) {
+CommandNote swipingToText(const std::string& name, const std::string& swipe, const std::string& remark,
+                          const std::string& example) {
   return {
       .name = name,
       .description =
@@ -46,7 +47,8 @@ CommandNote swipingToText(const std::string& name, const std::string& swipe, con
           "of sight. While that cannot be tapped it swipes as `" +
           swipe +
           "` does and waits a second, up to `maxSwipe` times, and never more than 30. After the last swipe it does not "
-          "look again.",
+          "look again." +
+          remark,
       .arguments = {PART_OF_TEXT, "how many swipes at most", "where the finger goes, from the left edge"},
       .errors = {{.message = "The selector <selector> has not been found after the swipe",
                   .when = "after the last swipe"}},
@@ -154,20 +156,22 @@ CommandGroup swipeNotes() {
           "edge; beyond 0 to 100 they lie outside, where nothing is.",
       .notes = {
           dragging("swipeDownward", "", {"where the finger goes, from the left edge", "where it starts, from above"},
-                   "swipeDownward\nswipeDownward,50,70"),
-          dragging("swipeUpward", "", {"where the finger goes, from the left edge", "where it starts, from above"},
+                   "swipeDownward\nswipeDownward,30,60"),
+          dragging("swipeUpward", "A bar at the upper edge does not scroll: where there is one, start below it.",
+                   {"where the finger goes, from the left edge", "where it starts, from above"},
                    "swipeDownward\nswipeUpward,50,30"),
           dragging("swipeLeftward", "", {"how far from above"}, "swipeLeftward,50"),
           dragging("swipeRightward", "", {"how far from above"}, "swipeRightward,50"),
           dragging("swipeVertical", "",
                    {"where it starts, from above", "where it ends, from above", "how far from the left edge"},
-                   "swipeVertical,80,20,50"),
+                   "swipeVertical,82,20,30"),
           dragging("swipeHorizontal", "",
                    {"where it starts, from the left edge", "where it ends, from the left edge", "how far from above"},
                    "swipeHorizontal,80,20,50"),
-          swipingToText("swipeDownwardToText", "swipeDownward,<percX>,90", "swipeDownwardToText,Safari,10"),
+          swipingToText("swipeDownwardToText", "swipeDownward,<percX>,90", "", "swipeDownwardToText,Safari,10"),
           swipingToText("swipeUpwardToText", "swipeUpward,<percX>,10",
-                        "swipeDownwardToText,Safari\nswipeUpwardToText,General,10"),
+                        " A bar at the upper edge does not scroll: where the finger starts on one, nothing moves.",
+                        "swipeUpwardToText,Wi-Fi,10"),
       }};
 }
 

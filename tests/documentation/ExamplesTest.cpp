@@ -13,9 +13,51 @@ namespace {
 
 using manual::CommandNote;
 
+const std::string ALERT = "Allow Once";
+const std::string CLEARING =
+    "Control Center, Passwords, Safari, Open Links, Clear History and Website Data, All history, CloseAllTabsSwitch, "
+    "ClearHistoryButton";
+
 /// What the example of each command touches. Those that are not here touch nothing.
 const std::map<std::string, std::string> TOUCHES{
-    {"clickByText", "Allow Once, browse"},
+    {"browserGoToUrl", "URL, Go"},
+    {"browserClearCache", CLEARING},
+    {"browserPrepareAndOpen", CLEARING},
+    {"browserPrepareAndOpenForReference", CLEARING + ", URL, Go"},
+    {"clickByText", ALERT + ", browse"},
+    {"clickByTextExact", ALERT + ", browse"},
+    {"longClickByText", ALERT + ", browse"},
+    {"clickByTextOnSystemPopup", ALERT},
+    {"clickByXY", ALERT + ", browse"},
+    {"longClickByXY", ALERT + ", browse"},
+    {"clickByPercent", ALERT + ", browse"},
+    {"clickOnLastElementFound", ALERT + ", browse"},
+    {"findByClass", ALERT + ", basket"},
+    {"findByText", ALERT + ", tab.basket"},
+    {"findByTextExact", ALERT + ", $24.00"},
+    {"installApp", CLEARING + ", URL, Go, AppStore.offerButton[state=get], payment-sheet.install"},
+    {"waitUntilGoneText", ALERT + ", browse"},
+    {"waitUntilGoneTextExact", ALERT + ", browse"},
+    {"waitUntilGoneAccessibilityField", ALERT + ", browse"},
+    {"waitUntilGoneAccessibilityFieldExact", ALERT + ", browse"},
+    {"waitUntilTextBeforeClick", ALERT + ", browse"},
+    {"waitUntilAccessibilityFieldBeforeClick", ALERT + ", browse"},
+    {"waitUntilAccessibilityFieldExactBeforeClick", ALERT + ", browse"},
+    {"enterText", ALERT + ", search"},
+    {"enterTextFast", ALERT + ", search"},
+    {"setTextByText", ALERT + ", search"},
+    {"setTextByTextExact", ALERT + ", search"},
+    {"scrollDownward", ALERT + ", offer"},
+    {"scrollUpward", ALERT + ", offer"},
+    {"scrollLeftward", ALERT + ", offer"},
+    {"scrollRightward", ALERT + ", offer"},
+    {"swipeDownward", "Control Center, Battery"},
+    {"swipeUpward", "Control Center, Home Screen & App Library"},
+    {"swipeLeftward", "Personal Hotspot"},
+    {"swipeRightward", "Off"},
+    {"swipeVertical", "General"},
+    {"swipeHorizontal", "Off"},
+    {"swipeDownwardToText", "Control Center, Passwords"},
 };
 
 /// The examples that start no application.
