@@ -3,7 +3,9 @@
 #include <pugixml.hpp>
 
 #include <array>
+#include <cstddef>
 #include <sstream>
+#include <string>
 #include <string_view>
 
 namespace quobrak::benchmarks {

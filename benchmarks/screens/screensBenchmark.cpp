@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <cstdlib>
 #include <ctime>
+#include <initializer_list>
 #include <iomanip>
 #include <iostream>
 #include <memory>

@@ -1,5 +1,6 @@
 #include "drivers/simulator/HiddenElements.h"
 
+#include <iterator>
 #include <map>
 
 #include "drivers/simulator/HitTest.h"

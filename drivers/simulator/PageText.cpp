@@ -1,6 +1,7 @@
 #include "drivers/simulator/PageText.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <pugixml.hpp>
 #include <utility>
 
