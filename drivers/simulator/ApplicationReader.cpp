@@ -85,7 +85,7 @@ void ApplicationReader::requirePage(const JSONReader& at, const std::string& nam
   } catch (const PageSourceError& error) {
     faultyPages_.insert(name);
     for (const PageSourceFault& fault : error.faults()) {
-      faults_.add(files_.nameOf(path), fault.place, fault.reason);
+      faults_.add(files_.nameOf(path), TextPlace{.line = fault.line, .column = fault.column}, fault.reason);
     }
   }
 }

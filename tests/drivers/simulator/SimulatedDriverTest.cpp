@@ -46,7 +46,7 @@ const XCUIApplication HOME("com.apple.springboard");
 const XCUIApplication OTHER("com.example.other");
 
 constexpr const char* PAGE = R"(
-  <Button name="ok" label="OK" value="1" x="0" y="0" width="50" height="50"/>
+  <Button name="ok" label="OK" value="1" selected="false" x="0" y="0" width="50" height="50"/>
   <Other name="group">
     <Other name="inner"><StaticText name="note" label="Lamp" value="Lamp" x="0" y="50" width="50" height="20"/></Other>
   </Other>
