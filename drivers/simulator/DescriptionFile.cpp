@@ -12,7 +12,10 @@ void DescriptionFaults::add(const std::string& file, std::optional<TextPlace> pl
   if (found == files_.end()) {
     found = files_.insert(found, {file, {}});
   }
-  found->second.emplace_back(place, reason);
+  std::vector<Fault>& faults = found->second;
+  if (Fault fault(place, reason); std::find(faults.begin(), faults.end(), fault) == faults.end()) {
+    faults.push_back(std::move(fault));
+  }
 }
 
 std::string DescriptionFaults::text() const {

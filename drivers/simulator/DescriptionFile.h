@@ -18,7 +18,7 @@ namespace quobrak::simulator {
 /// What is wrong with the files of a phone's folder.
 class DescriptionFaults {
  public:
-  /// `place` is none where the fault is the file's as a whole.
+  /// `place` is none where the fault is the file's as a whole. What was added before is one fault.
   void add(const std::string& file, std::optional<TextPlace> place, const std::string& reason);
 
   bool isEmpty() const { return files_.empty(); }

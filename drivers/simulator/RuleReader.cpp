@@ -123,11 +123,7 @@ const RuleReader::EventRow* RuleReader::readEvent(const JSONReader& json) {
   const auto row =
       std::find_if(rows.begin(), rows.end(), [&name](const EventRow& known) { return known.name == name; });
   if (row == rows.end()) {
-    json.fail(
-        ""
-        " + name + "
-        " is no event; there are " +
-        listed(namesOf(rows)));
+    json.fail("\"" + name + "\" is no event; there are " + listed(namesOf(rows)));
   }
   return &*row;
 }

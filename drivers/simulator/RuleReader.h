@@ -83,15 +83,11 @@ class RuleReader {
 
   template <class Read>
   auto asNeeded(Need need, const JSONReader& object, std::string_view key, const Read& read) {
-    switch (need) {
-      case Need::required:
-        return required(object, key, read);
-      case Need::optional:
-        return optionally(object, key, read);
-      case Need::none:
-        break;
+    using Result = decltype(required(object, key, read));
+    if (need == Need::none) {
+      return Result();
     }
-    return decltype(required(object, key, read))();
+    return need == Need::required ? required(object, key, read) : optionally(object, key, read);
   }
 
   const EventRow* readEvent(const JSONReader& json);

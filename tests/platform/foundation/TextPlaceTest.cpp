@@ -3,15 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <cstddef>
-#include <ostream>
-#include <string>
 #include <string_view>
 
 namespace quobrak {
-
-void PrintTo(const TextPlace& place, std::ostream* stream) {
-  *stream << place.line << ':' << place.column;
-}
 
 namespace {
 
@@ -29,7 +23,9 @@ TEST(TextPlace, CountsLinesAndColumnsFromOne) {
       {"a\rb", 2, {1, 3}},  {"\t\tx", 2, {1, 3}}, {"\0\nx"sv, 2, {2, 1}},
   };
   for (const auto& [text, offset, place] : ROWS) {
-    EXPECT_EQ(placeInText(text, offset), place) << text << " " << offset;
+    const TextPlace found = placeInText(text, offset);
+    EXPECT_EQ(found.line, place.line) << text << " " << offset;
+    EXPECT_EQ(found.column, place.column) << text << " " << offset;
   }
 }
 
@@ -48,7 +44,8 @@ TEST(TextPlace, AColumnIsACodePoint) {
   };
   for (const auto& [before, place] : ROWS) {
     ASSERT_TRUE(TEXT.starts_with(before));
-    EXPECT_EQ(placeInText(TEXT, before.size()), place) << before;
+    EXPECT_EQ(placeInText(TEXT, before.size()).line, place.line) << before;
+    EXPECT_EQ(placeInText(TEXT, before.size()).column, place.column) << before;
   }
 }
 
