@@ -319,6 +319,33 @@ TEST(ScreenPainter, DrawsTextAtTheSideOfItsFrameWhereItBegins) {
   }
 }
 
+TEST(ScreenPainter, DrawsALineInTheOrderInWhichItStands) {
+  const auto pictureOfText = [](const std::string& label) {
+    const auto root = emptyScreen();
+    add(*root, ElementType::staticText, MIDDLE, label);
+    return pictureOf(*root).pixels;
+  };
+
+  // U+202E turns the direction of what follows.
+  EXPECT_EQ(pictureOfText("\u202Ecba"), pictureOfText("abc"));
+  EXPECT_NE(pictureOfText("cba"), pictureOfText("abc"));
+}
+
+TEST(ScreenPainter, DrawsAMarkAtItsLetter) {
+  // Above the bowl of the letter, where the font has moved it up and to the right.
+  constexpr Rect OVER_THE_LETTER{{160, 102}, {12, 12}};
+  const auto root = emptyScreen();
+  Element& text = add(*root, ElementType::staticText, MIDDLE, "ك");
+  const Picture without = pictureOf(*root);
+  text.label = "كُ";
+  const Picture with = pictureOf(*root);
+
+  const Differences changes = differences(without, with, OVER_THE_LETTER);
+
+  EXPECT_GT(changes.inside, 0);
+  EXPECT_EQ(changes.outside, 0);
+}
+
 TEST(ScreenPainter, DrawsALetterDifferentlyWhereItIsJoined) {
   const auto pixelsOfText = [](const std::string& label) {
     return changesOf(ElementType::staticText, MIDDLE, [&](Element& element) { element.label = label; }).inside;
@@ -361,6 +388,7 @@ TEST(ScreenPainter, MirrorsTheArrowOfARowThatReadsFromRightToLeft) {
   const auto root = emptyScreen();
   Element& row = add(*root, ElementType::cell, ROW);
   Element& text = add(row, ElementType::staticText, ELSEWHERE, "abc");
+  add(row, ElementType::staticText, ELSEWHERE, "the text that comes first decides");
   const Picture leftToRight = pictureOf(*root);
   text.label = "سلام";
 

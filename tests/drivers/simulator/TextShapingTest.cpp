@@ -111,6 +111,23 @@ TEST(TextShaping, KeepsMarksOnTheirLetters) {
   EXPECT_EQ(widthOfText("x\u0323\u0301y"), widthOfText("xy"));
 }
 
+TEST(TextShaping, DoesNotPartALetterFromAMarkOfAnotherScript) {
+  const std::vector<Glyph> glyphs = glyphsOf("x\u0483");
+
+  ASSERT_EQ(glyphs.size(), 2U);
+  EXPECT_TRUE(glyphs[1].isAttached);
+}
+
+TEST(TextShaping, KnowsWhereLinesMayBreakBehindACharacterOfSeveralCodePoints) {
+  const std::vector<Glyph> glyphs = glyphsOf("👨‍👩‍👧 a日");
+
+  ASSERT_EQ(glyphs.size(), 4U);
+  EXPECT_EQ(glyphs[0].kind, Glyph::Kind::IDEOGRAPH);
+  EXPECT_EQ(glyphs[1].kind, Glyph::Kind::BLANK);
+  EXPECT_EQ(glyphs[2].kind, Glyph::Kind::INK);
+  EXPECT_EQ(glyphs[3].kind, Glyph::Kind::IDEOGRAPH);
+}
+
 TEST(TextShaping, ComposesALetterWithItsMarkWhereTheFontHasBothAsOne) {
   EXPECT_EQ(shown("e\u0301"), shown("é"));
 }
