@@ -414,6 +414,7 @@ TEST(ScreenPainter, PutsARowsValueAtTheEndOfItsLabel) {
 
 TEST(ScreenPainter, MirrorsTheArrowOfAChevronInARowThatReadsFromRightToLeft) {
   constexpr Rect CHEVRON{{100, 110}, {20, 30}};
+  constexpr Rect ARROW{{105, 117}, {10, 16}};
   constexpr Rect ELSEWHERE{{0, 500}, {100, 20}};
   const auto root = emptyScreen();
   Element& row = add(*root, ElementType::cell, MIDDLE);
@@ -422,7 +423,7 @@ TEST(ScreenPainter, MirrorsTheArrowOfAChevronInARowThatReadsFromRightToLeft) {
   const Picture leftToRight = pictureOf(*root);
   text.label = "سلام";
 
-  const Differences changes = differences(leftToRight, pictureOf(*root), CHEVRON);
+  const Differences changes = differences(leftToRight, pictureOf(*root), ARROW);
 
   EXPECT_GT(changes.inside, 0);
   EXPECT_EQ(changes.outside, 0);
@@ -437,12 +438,15 @@ TEST(ScreenPainter, MirrorsTheArrowOfTheWayBackThatReadsFromRightToLeft) {
   const auto plain = [&] { return pictureOf(*root).at(100, 102); };
   const auto atLeft = [&] { return pictureOf(*root).at(22.5, 125); };
   const auto atRight = [&] { return pictureOf(*root).at(177.5, 125); };
+  const auto behindRight = [&] { return pictureOf(*root).at(170, 117); };
 
   EXPECT_NE(atLeft(), plain());
   EXPECT_EQ(atRight(), plain());
+  EXPECT_EQ(behindRight(), plain());
   back.label = "سلام";
   EXPECT_EQ(atLeft(), plain());
   EXPECT_NE(atRight(), plain());
+  EXPECT_NE(behindRight(), plain());
 }
 
 TEST(ScreenPainter, DrawsAnElementDifferentlyInEachOfItsStates) {
