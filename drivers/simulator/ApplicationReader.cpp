@@ -2,18 +2,19 @@
 
 #include <optional>
 #include <utility>
+#include <vector>
 
 #include "drivers/simulator/PageSource.h"
 
 namespace quobrak::simulator {
 
 ApplicationReader::ApplicationReader(const PhoneFiles& files, std::string folder, const PhoneDescription& phone,
-                                     DescriptionFaults& faults, RequireApplication requireApplication)
+                                     DescriptionFaults& faults, const PhoneReferences& references)
     : files_(files),
       folder_(std::move(folder)),
       phone_(phone),
       faults_(faults),
-      requireApplication_(std::move(requireApplication)),
+      references_(references),
       file_(files, folder_ + "/app.json", faults) {}
 
 ApplicationDescription ApplicationReader::read() {
@@ -40,9 +41,7 @@ void ApplicationReader::readContent(const JSONReader& json) {
   });
   file_.attempt([&] {
     if (const auto addresses = json.optionalMember("addresses")) {
-      for (const JSONReader& address : addresses->elements()) {
-        application_.addresses.push_back(nonEmptyText(address));
-      }
+      readAddresses(*addresses);
     }
   });
   file_.attempt([&] {
@@ -52,10 +51,23 @@ void ApplicationReader::readContent(const JSONReader& json) {
   });
 }
 
+void ApplicationReader::readAddresses(const JSONReader& json) {
+  opensAddresses_ = true;
+  const std::vector<JSONReader> addresses = json.elements();
+  opensAddresses_ = !addresses.empty();
+  for (const JSONReader& address : addresses) {
+    file_.attempt([&] {
+      std::string text = nonEmptyText(address);
+      references_.claimAddress(file_, address, text);
+      application_.addresses.push_back(std::move(text));
+    });
+  }
+}
+
 void ApplicationReader::readRules(const JSONReader& json) {
   const RuleReferences references{
       .applicationName = application_.name,
-      .opensAddresses = !application_.addresses.empty(),
+      .opensAddresses = opensAddresses_,
       .values = phone_.values,
       .requireScreen = [this](const JSONReader& at,
                               const std::string& name) { requirePage(at, name, application_.screens); },
@@ -63,7 +75,7 @@ void ApplicationReader::readRules(const JSONReader& json) {
                                 const std::string& name) { requirePage(at, name, application_.fragments); },
       .requireApplication =
           [this](const JSONReader& at, const std::string& bundleIdentifier) {
-            requireApplication_(file_, at, bundleIdentifier);
+            references_.requireApplication(file_, at, bundleIdentifier);
           }};
   RuleReader reader(file_, references);
   for (const JSONReader& rule : json.elements()) {
@@ -85,7 +97,7 @@ void ApplicationReader::requirePage(const JSONReader& at, const std::string& nam
   } catch (const PageSourceError& error) {
     faultyPages_.insert(name);
     for (const PageSourceFault& fault : error.faults()) {
-      faults_.add(files_.nameOf(path), fault.place, fault.reason);
+      faults_.add(files_.nameOf(path), TextPlace{.line = fault.line, .column = fault.column}, fault.reason);
     }
   }
 }

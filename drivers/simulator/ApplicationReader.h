@@ -13,16 +13,22 @@
 
 namespace quobrak::simulator {
 
+/// What the description of an application says of the others of its phone. Each operation is told the place in `file`
+/// where it does.
+struct PhoneReferences {
+  /// Checks that the phone has the application, now or later.
+  std::function<void(DescriptionFile& file, const JSONReader& at, const std::string& bundleIdentifier)>
+      requireApplication;
+  /// Throws `DecodingError` where an application has the address already.
+  std::function<void(DescriptionFile& file, const JSONReader& at, const std::string& address)> claimAddress;
+};
+
 /// Reads an application from its folder: app.json and the page sources that it names.
 class ApplicationReader {
  public:
-  /// Checks that the phone has the application, now or later; `at` is a place in `file`.
-  using RequireApplication =
-      std::function<void(DescriptionFile& file, const JSONReader& at, const std::string& bundleIdentifier)>;
-
   /// All that is handed over must outlive the reader; `phone` tells the screen's size and the named values.
   ApplicationReader(const PhoneFiles& files, std::string folder, const PhoneDescription& phone,
-                    DescriptionFaults& faults, RequireApplication requireApplication);
+                    DescriptionFaults& faults, const PhoneReferences& references);
 
   /// The application as far as it can be used; all faults are noted.
   ApplicationDescription read();
@@ -31,6 +37,7 @@ class ApplicationReader {
   using Pages = std::map<std::string, std::unique_ptr<Element>>;
 
   void readContent(const JSONReader& json);
+  void readAddresses(const JSONReader& json);
   void readRules(const JSONReader& json);
   /// Loads the page of that name, once.
   void requirePage(const JSONReader& at, const std::string& name, Pages& pages);
@@ -39,10 +46,12 @@ class ApplicationReader {
   std::string folder_;
   const PhoneDescription& phone_;
   DescriptionFaults& faults_;
-  RequireApplication requireApplication_;
+  const PhoneReferences& references_;
   DescriptionFile file_;
   /// Pages whose faults were told.
   std::set<std::string> faultyPages_;
+  /// Whether it has addresses, which may have faults.
+  bool opensAddresses_ = false;
   ApplicationDescription application_;
 };
 

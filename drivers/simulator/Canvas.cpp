@@ -1,5 +1,6 @@
 #include "drivers/simulator/Canvas.h"
 
+#include "drivers/simulator/TextDirection.h"
 #include "drivers/simulator/TextLayout.h"
 
 #include <algorithm>
@@ -56,9 +57,15 @@ FittedText fitted(std::string_view text, const Size& room, const TextStyle& styl
   }
 }
 
-double leftEdge(const Rect& frame, double width, Alignment alignment) {
+bool isRightToLeft(std::span<const Glyph> line) {
+  return !line.empty() && line.front().paragraphLevel == 1;
+}
+
+double leftEdge(const Rect& frame, std::span<const Glyph> line, double width, Alignment alignment) {
   const double spare = frame.size.width - width;
   switch (alignment) {
+    case Alignment::NATURAL:
+      return frame.origin.x + (isRightToLeft(line) ? spare : 0);
     case Alignment::LEFT:
       return frame.origin.x;
     case Alignment::CENTER:
@@ -73,9 +80,9 @@ void showLine(cairo_t& context, std::span<const Glyph> line, double size, const 
   std::vector<cairo_glyph_t> placed;
   placed.reserve(line.size());
   double x = start.x;
-  for (const Glyph& glyph : line) {
+  for (const Glyph& glyph : inVisualOrder(withoutBlanksAtEnd(line))) {
     if (glyph.kind == Glyph::Kind::INK || glyph.kind == Glyph::Kind::IDEOGRAPH) {
-      placed.push_back({glyph.index, x, start.y});
+      placed.push_back({glyph.index, x + glyph.right * size, start.y - glyph.above * size});
     }
     x += glyph.advance * size;
   }
@@ -208,7 +215,7 @@ Rect Canvas::text(std::string_view text, const Rect& frame, const TextStyle& sty
   fontOf(style, drawn.size).select(*context_, drawn.size);
   for (const auto& line : drawn.lines) {
     const double width = widthOf(line) * drawn.size;
-    lastLine = {{leftEdge(frame, width, style.alignment), top}, {width, lineHeight}};
+    lastLine = {{leftEdge(frame, line, width, style.alignment), top}, {width, lineHeight}};
     const double leading = lineHeight - (TextFont::ASCENT + TextFont::DESCENT) * drawn.size;
     showLine(*context_, line, drawn.size, {lastLine.origin.x, top + leading / 2 + TextFont::ASCENT * drawn.size});
     top += lineHeight;

@@ -19,7 +19,9 @@ struct Color {
   double alpha = 1;
 };
 
-enum class Alignment { LEFT, CENTER, RIGHT };
+/// NATURAL is where the lines of the text's own direction begin: at the left, or of text from right to left at the
+/// right.
+enum class Alignment { NATURAL, LEFT, CENTER, RIGHT };
 
 constexpr double ALWAYS_BOLD = 0;
 constexpr double NEVER_BOLD = std::numeric_limits<double>::infinity();
@@ -33,7 +35,7 @@ struct TextStyle {
   double boldFrom = NEVER_BOLD;
   /// Whether the text may take as many lines as its frame has room for. Large text stays a headline of one line.
   bool wraps = false;
-  Alignment alignment = Alignment::LEFT;
+  Alignment alignment = Alignment::NATURAL;
   /// Whether the text begins at the top of its frame instead of standing in its middle.
   bool isAtTop = false;
 };

@@ -75,16 +75,20 @@ void drawCell(const Canvas& canvas, const Element& element, const Rect& frame) {
   constexpr double CHEVRON_ROOM = 32;
   drawCellBackground(canvas, element, frame);
   const bool leadsOn = isRow(frame) && element.isEnabled && !hasControl(element);
+  const bool isMirrored = readsRightToLeft(element);
   if (leadsOn) {
-    drawChevron(canvas, {frame.origin.x + frame.size.width - MARGIN, centre(frame).y}, 12, true, {0.75, 0.75, 0.78});
+    const double tip = isMirrored ? MARGIN : frame.size.width - MARGIN;
+    drawChevron(canvas, {frame.origin.x + tip, centre(frame).y}, 12, !isMirrored, {0.75, 0.75, 0.78});
   }
   if (hasTextBelow(element)) {
     return;
   }
-  const Rect inside = between(frame, MARGIN, leadsOn ? CHEVRON_ROOM : MARGIN);
+  const double end = leadsOn ? CHEVRON_ROOM : MARGIN;
+  const Rect inside = isMirrored ? between(frame, end, MARGIN) : between(frame, MARGIN, end);
   const Rect label = canvas.text(element.label, inside, {.color = inkOf(element, BLACK), .wraps = true});
-  canvas.text(element.value.value_or(""), between(inside, label.size.width + MARGIN, 0),
-              {.color = SECONDARY_TEXT, .alignment = Alignment::RIGHT});
+  const double taken = label.size.width + MARGIN;
+  canvas.text(element.value.value_or(""), isMirrored ? between(inside, 0, taken) : between(inside, taken, 0),
+              {.color = SECONDARY_TEXT, .alignment = isMirrored ? Alignment::LEFT : Alignment::RIGHT});
 }
 
 bool needsTitle(const Element& card) {

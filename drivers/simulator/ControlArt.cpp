@@ -40,8 +40,11 @@ void drawCardButton(const Canvas& canvas, const Element& element, const Rect& fr
 void drawBackButton(const Canvas& canvas, const Element& element, const Rect& frame) {
   constexpr double CHEVRON_ROOM = 16;
   const Color ink = inkOf(element, TINT);
-  drawChevron(canvas, {frame.origin.x + 2, centre(frame).y}, 17, false, ink);
-  canvas.text(element.label, between(frame, CHEVRON_ROOM, 0), {.color = ink});
+  const bool isMirrored = readsRightToLeft(element);
+  const double tip = isMirrored ? frame.size.width - 2 : 2;
+  drawChevron(canvas, {frame.origin.x + tip, centre(frame).y}, 17, isMirrored, ink);
+  canvas.text(element.label, isMirrored ? between(frame, 0, CHEVRON_ROOM) : between(frame, CHEVRON_ROOM, 0),
+              {.color = ink});
 }
 
 bool isBackButton(const Element& element) {
@@ -64,7 +67,9 @@ void drawPlainButton(const Canvas& canvas, const Element& element, const Rect& f
     return;
   }
   if (element.label == "chevron") {
-    drawChevron(canvas, {centre(frame).x + 3, centre(frame).y}, 12, true, {0.75, 0.75, 0.78});
+    const bool isMirrored = element.parent() != nullptr && readsRightToLeft(*element.parent());
+    const double tip = centre(frame).x + (isMirrored ? -3 : 3);
+    drawChevron(canvas, {tip, centre(frame).y}, 12, !isMirrored, {0.75, 0.75, 0.78});
     return;
   }
   if (frame.size.width < NARROWEST_FOR_WORDS && firstCharacter(element.label) != element.label) {

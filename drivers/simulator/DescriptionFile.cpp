@@ -12,7 +12,10 @@ void DescriptionFaults::add(const std::string& file, std::optional<TextPlace> pl
   if (found == files_.end()) {
     found = files_.insert(found, {file, {}});
   }
-  found->second.emplace_back(place, reason);
+  std::vector<Fault>& faults = found->second;
+  if (Fault fault(place, reason); std::find(faults.begin(), faults.end(), fault) == faults.end()) {
+    faults.push_back(std::move(fault));
+  }
 }
 
 std::string DescriptionFaults::text() const {
@@ -42,9 +45,9 @@ DescriptionFile::DescriptionFile(const PhoneFiles& files, const std::string& pat
     return;
   }
   text_ = *std::move(text);
+  places_.emplace(text_);
   attempt([this] { document_ = JSONDecoder::decode(text_); });
   if (document_) {
-    places_.emplace(text_);
     for (const JSONPlaces::Repetition& repetition : places_->repetitions()) {
       faults_.add(name_, repetition.place, repetition.keyPath + ": stands twice in one object");
     }
@@ -57,8 +60,7 @@ void DescriptionFile::note(const DecodingError& error) {
     return;
   }
   const auto& keyPath = std::get<std::string>(error.place());
-  const std::optional<TextPlace> place = places_ ? std::optional(places_->of(keyPath)) : std::nullopt;
-  faults_.add(name_, place, keyPath.empty() ? error.reason() : keyPath + ": " + error.reason());
+  faults_.add(name_, places_->of(keyPath), keyPath.empty() ? error.reason() : keyPath + ": " + error.reason());
 }
 
 void DescriptionFile::requireKnownKeys(const JSONReader& object, const std::vector<std::string>& known) {
@@ -99,19 +101,23 @@ std::chrono::milliseconds readDuration(const JSONReader& json) {
   return std::chrono::milliseconds(integerBetween(json, 0, ONE_HOUR));
 }
 
-std::map<std::string, std::string> readNamedTexts(const JSONReader& json) {
+std::map<std::string, std::string> readNamedTexts(DescriptionFile& file, const JSONReader& json) {
   std::map<std::string, std::string> texts;
-  for (const auto& [name, text] : json.members()) {
-    requireValueName(text, name);
-    texts.emplace(name, text.text());
+  for (const auto& member : json.members()) {
+    file.attempt([&] {
+      const auto& [name, text] = member;
+      requireValueName(text, name);
+      texts.emplace(name, text.text());
+    });
   }
   return texts;
 }
 
 void requireValueName(const JSONReader& json, const std::string& name) {
   if (!isValueName(name)) {
-    json.fail("\"" + name + "\" is no name of a value; one is like \"shop.basket_1\": words of ASCII letters, digits " +
-              "and _, none of which begins with a digit, with dots between them");
+    json.fail("\"" + name +
+              "\" is no name of a value; one is like \"shop.basket_1\": words of ASCII letters, digits and _, with "
+              "dots between them, none of which begins with a digit or means something in predicates, as \"in\" does");
   }
 }
 

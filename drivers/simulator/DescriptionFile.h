@@ -18,7 +18,7 @@ namespace quobrak::simulator {
 /// What is wrong with the files of a phone's folder.
 class DescriptionFaults {
  public:
-  /// `place` is none where the fault is the file's as a whole.
+  /// `place` is none where the fault is the file's as a whole. What was added before is one fault.
   void add(const std::string& file, std::optional<TextPlace> place, const std::string& reason);
 
   bool isEmpty() const { return files_.empty(); }
@@ -41,6 +41,9 @@ class DescriptionFile {
   DescriptionFile(const PhoneFiles& files, const std::string& path, DescriptionFaults& faults);
   DescriptionFile(const DescriptionFile&) = delete;
   DescriptionFile& operator=(const DescriptionFile&) = delete;
+
+  /// For error texts.
+  const std::string& name() const { return name_; }
 
   /// The content; none where it was no JSON.
   std::optional<JSONReader> content() const { return document_ ? std::optional(JSONReader(*document_)) : std::nullopt; }
@@ -81,8 +84,9 @@ std::int64_t integerBetween(const JSONReader& json, std::int64_t least, std::int
 std::string nonEmptyText(const JSONReader& json);
 /// A whole number of milliseconds, at most an hour.
 std::chrono::milliseconds readDuration(const JSONReader& json);
-/// The members of an object of texts. Their keys must be names of named values.
-std::map<std::string, std::string> readNamedTexts(const JSONReader& json);
+/// The members of an object of texts. Their keys must be names of named values. A member that is otherwise is noted in
+/// the file, and left out.
+std::map<std::string, std::string> readNamedTexts(DescriptionFile& file, const JSONReader& json);
 /// Throws, with the place of `json`, where the text cannot be the name of a named value.
 void requireValueName(const JSONReader& json, const std::string& name);
 

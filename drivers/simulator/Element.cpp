@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <cstddef>
 #include <utility>
 
 namespace quobrak::simulator {
@@ -19,6 +20,11 @@ Element::Element(ElementType elementType) : number(nextNumber()), type(elementTy
 
 Element& Element::append(std::unique_ptr<Element> child) {
   child->parent_ = this;
+  // Most have few children, for which a vector would be allocated anew with every second one.
+  constexpr std::size_t A_FEW = 4;
+  if (children_.capacity() == 0) {
+    children_.reserve(A_FEW);
+  }
   return *children_.emplace_back(std::move(child));
 }
 

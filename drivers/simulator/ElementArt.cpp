@@ -1,5 +1,7 @@
 #include "drivers/simulator/ElementArt.h"
 
+#include "drivers/simulator/TextDirection.h"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -86,6 +88,16 @@ bool hasTextBelow(const Element& element) {
     return below.type == wanted && !below.label.empty() && !below.isHidden;
   };
   return anyBelow(element, isText, ElementType::staticText);
+}
+
+bool readsRightToLeft(const Element& element) {
+  std::string_view words = element.label;
+  forEachDescendant(element, [&](const Element& below) {
+    if (words.empty() && below.type == ElementType::staticText && !below.isHidden) {
+      words = below.label;
+    }
+  });
+  return isRightToLeft(words);
 }
 
 Color inkOf(const Element& element, const Color& color) {

@@ -63,6 +63,9 @@ bool contains(const Element& element, ElementType type);
 /// Whether the element's words stand in texts below it, so that drawing them again would double them.
 bool hasTextBelow(const Element& element);
 
+/// Whether the element's own words read from right to left: its label or else the first text below it that has one.
+bool readsRightToLeft(const Element& element);
+
 /// `color` for enabled elements, grey for others.
 Color inkOf(const Element& element, const Color& color);
 

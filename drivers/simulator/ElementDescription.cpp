@@ -4,128 +4,185 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdio>
-#include <unordered_map>
+#include <charconv>
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+#include <utility>
 
 namespace quobrak::simulator {
 
 namespace {
 
-/// A number of points as descriptions show it.
-std::string withOneDecimal(double number) {
-  // The largest double has 309 digits before the point.
-  std::array<char, 320> text{};
-  const int length = std::snprintf(text.data(), text.size(), "%.1f", number);
-  return {text.data(), static_cast<std::size_t>(length)};
-}
-
-std::string inBraces(double one, double other) {
-  return "{" + withOneDecimal(one) + ", " + withOneDecimal(other) + "}";
-}
-
-void appendQuoted(std::string& text, std::string_view name, const std::string& value) {
-  if (!value.empty()) {
-    text.append(", ").append(name).append(": '").append(value).append("'");
-  }
-}
+using Elements = std::vector<const Element*>;
 
 /// The first window of an application is its main one.
 bool isMainWindow(const Element& element) {
   const Element* const parent = element.parent();
-  if (parent == nullptr || parent->type != ElementType::application) {
+  if (element.type != ElementType::window || parent == nullptr || parent->type != ElementType::application) {
     return false;
   }
   const auto& siblings = parent->children();
   const auto firstWindow = std::find_if(siblings.begin(), siblings.end(),
                                         [](const auto& sibling) { return sibling->type == ElementType::window; });
-  return firstWindow != siblings.end() && firstWindow->get() == &element;
+  return firstWindow->get() == &element;
 }
 
-/// Stands in for the addresses that a phone shows: made from the element's place in its document, so that the same
-/// screen gives the same text.
-class Addresses {
+/// The elements of a document, in its order.
+class Document {
  public:
-  explicit Addresses(const Element& element) {
-    const Element* root = &element;
-    while (root->parent() != nullptr) {
-      root = root->parent();
-    }
-    places_.emplace(root, 0);
-    forEachDescendant(*root, [this](const Element& below) { places_.emplace(&below, places_.size()); });
+  explicit Document(const Element& root) : elements_{&root} {
+    forEachDescendant(root, [this](const Element& element) { elements_.push_back(&element); });
   }
 
-  std::string of(const Element& element) const {
-    constexpr unsigned long long FIRST = 0x100000000;
-    constexpr unsigned long long DISTANCE = 0x40;
-    std::array<char, 24> text{};
-    const int length = std::snprintf(text.data(), text.size(), "0x%llx", FIRST + DISTANCE * places_.at(&element));
-    return {text.data(), static_cast<std::size_t>(length)};
+  /// The place of an element of the document. Who asks in the order of the document walks it once.
+  std::size_t placeOf(const Element& element) {
+    const auto next = elements_.begin() + static_cast<std::ptrdiff_t>(next_);
+    const auto behind = std::find(next, elements_.end(), &element);
+    const auto found = behind == elements_.end() ? std::find(elements_.begin(), next, &element) : behind;
+    next_ = static_cast<std::size_t>(found - elements_.begin());
+    return next_;
   }
 
  private:
-  std::unordered_map<const Element*, std::size_t> places_;
+  Elements elements_;
+  /// Where the last search ended.
+  std::size_t next_ = 0;
 };
 
 class DescriptionWriter {
  public:
   DescriptionWriter(const Element& element, int processIdentifier)
-      : addresses_(element), processIdentifier_(processIdentifier) {}
+      : document_(rootOf(element)), processIdentifier_(processIdentifier) {}
 
-  std::string line(const Element& element) const {
-    std::string text(nameOf(element.type));
-    text += isMainWindow(element) ? " (Main), " : ", ";
-    text += addresses_.of(element);
-    if (element.type == ElementType::application) {
-      text += ", pid: " + std::to_string(processIdentifier_);
-    } else {
-      text += ", {" + inBraces(element.frame.origin.x, element.frame.origin.y) + ", " +
-              inBraces(element.frame.size.width, element.frame.size.height) + "}";
-    }
-    appendQuoted(text, "identifier", element.identifier);
-    appendQuoted(text, "label", element.label);
-    appendQuoted(text, "placeholderValue", element.placeholder.value_or(""));
-    if (element.value && !element.value->empty()) {
-      text += ", value: " + *element.value;
-    }
-    text += element.hasKeyboardFocus ? ", Keyboard Focused" : "";
-    text += element.isSelected ? ", Selected" : "";
-    text += element.isEnabled ? "" : ", Disabled";
-    return text + "\n";
+  std::string text() && { return std::move(text_); }
+
+  void write(std::string_view text) { text_ += text; }
+
+  void writeMargin(std::size_t indent) { text_.append(indent, ' '); }
+
+  void writeLine(const Element& element) { writeLine(element, document_.placeOf(element)); }
+
+  void writeLinesBelow(const Element& element) {
+    std::size_t place = document_.placeOf(element);
+    constexpr std::size_t FIRST_INDENT = 4;
+    writeLinesBelow(element, FIRST_INDENT, place);
   }
 
-  std::string linesBelow(const Element& element, std::size_t indent) const {
-    std::string text;
-    for (const auto& child : element.children()) {
-      text += std::string(indent, ' ') + line(*child) + linesBelow(*child, indent + 2);
-    }
-    return text;
-  }
-
-  std::string path(const Element& element) const {
-    std::vector<const Element*> steps;
+  void writePath(const Element& element) {
+    Elements steps;
     for (const Element* step = &element; step != nullptr; step = step->parent()) {
-      steps.insert(steps.begin(), step);
+      steps.push_back(step);
     }
-    std::string text;
+    std::reverse(steps.begin(), steps.end());
     for (std::size_t depth = 0; depth < steps.size(); ++depth) {
-      text += std::string(depth + 1, ' ') + (depth == 0 ? "→" : "↳") + line(*steps[depth]);
+      writeMargin(depth + 1);
+      write(depth == 0 ? "→" : "↳");
+      writeLine(*steps[depth]);
     }
-    return text;
   }
 
   /// What a step of the query found.
-  std::string output(const std::vector<const Element*>& found, std::size_t indent) const {
-    const std::string margin(indent, ' ');
-    std::string text = margin + "Output: {\n";
+  void writeOutput(const Elements& found, std::size_t indent) {
+    writeMargin(indent);
+    write("Output: {\n");
     for (const Element* element : found) {
-      text += margin + "  " + line(*element);
+      writeMargin(indent + 2);
+      writeLine(*element);
     }
-    return text + margin + "}\n";
+    writeMargin(indent);
+    write("}\n");
   }
 
  private:
-  Addresses addresses_;
+  /// `place` is the element's, and then that of the last element below it.
+  void writeLinesBelow(const Element& element, std::size_t indent, std::size_t& place) {
+    for (const auto& child : element.children()) {
+      writeMargin(indent);
+      writeLine(*child, ++place);
+      writeLinesBelow(*child, indent + 2, place);
+    }
+  }
+
+  void writeLine(const Element& element, std::size_t place) {
+    write(nameOf(element.type));
+    write(isMainWindow(element) ? " (Main), " : ", ");
+    writeAddress(place);
+    if (element.type == ElementType::application) {
+      write(", pid: ");
+      writeNumber(processIdentifier_);
+    } else {
+      writeFrame(element.frame);
+    }
+    writeQuoted(", identifier: '", element.identifier);
+    writeQuoted(", label: '", element.label);
+    if (element.placeholder) {
+      writeQuoted(", placeholderValue: '", *element.placeholder);
+    }
+    if (element.value && !element.value->empty()) {
+      write(", value: ");
+      write(*element.value);
+    }
+    write(element.hasKeyboardFocus ? ", Keyboard Focused" : "");
+    write(element.isSelected ? ", Selected" : "");
+    write(element.isEnabled ? "\n" : ", Disabled\n");
+  }
+
+  /// Stands in for the address that a phone shows: made from the element's place in its document, so that the same
+  /// screen gives the same text.
+  void writeAddress(std::size_t place) {
+    constexpr std::uint64_t FIRST = 0x100000000;
+    constexpr std::uint64_t DISTANCE = 0x40;
+    constexpr int HEXADECIMAL = 16;
+    write("0x");
+    writeNumber(FIRST + DISTANCE * place, HEXADECIMAL);
+  }
+
+  void writeFrame(const Rect& frame) {
+    write(", {{");
+    writePoints(frame.origin.x);
+    write(", ");
+    writePoints(frame.origin.y);
+    write("}, {");
+    writePoints(frame.size.width);
+    write(", ");
+    writePoints(frame.size.height);
+    write("}}");
+  }
+
+  void writePoints(double number) {
+    // Nearly all are whole and lie on the screen or below it; those are written three times as fast as whole numbers.
+    constexpr double FAR = 1e9;
+    if (!std::signbit(number) && number < FAR && std::trunc(number) == number) {
+      writeNumber(static_cast<std::uint32_t>(number));
+      write(".0");
+      return;
+    }
+    constexpr int ONE_DECIMAL = 1;
+    writeNumber(number, std::chars_format::fixed, ONE_DECIMAL);
+  }
+
+  /// As `std::to_chars` writes it, with the format that it takes.
+  template <class Number, class... Format>
+  void writeNumber(Number number, Format... format) {
+    // The largest double has 309 digits before the point.
+    std::array<char, 320> digits;
+    const auto written = std::to_chars(digits.data(), digits.data() + digits.size(), number, format...);
+    text_.append(digits.data(), written.ptr);
+  }
+
+  void writeQuoted(std::string_view opening, std::string_view text) {
+    if (!text.empty()) {
+      write(opening);
+      write(text);
+      write("'");
+    }
+  }
+
+  Document document_;
   int processIdentifier_;
+  std::string text_;
 };
 
 }  // namespace
@@ -133,16 +190,22 @@ class DescriptionWriter {
 std::string debugDescription(const XCUIElement& description, std::span<const std::vector<const Element*>> stages,
                              int processIdentifier) {
   const Element& element = *stages.back().front();
-  const DescriptionWriter writer(element, processIdentifier);
-  const std::string line = writer.line(element);
-  constexpr std::size_t FIRST_INDENT = 4;
-  std::string text = "Attributes: " + line + "Element subtree:\n →" + line + writer.linesBelow(element, FIRST_INDENT) +
-                     "Path to element:\n" + writer.path(element) + QUERY_CHAIN_TITLE;
+  DescriptionWriter writer(element, processIdentifier);
+  writer.write("Attributes: ");
+  writer.writeLine(element);
+  writer.write("Element subtree:\n →");
+  writer.writeLine(element);
+  writer.writeLinesBelow(element);
+  writer.write("Path to element:\n");
+  writer.writePath(element);
+  writer.write(QUERY_CHAIN_TITLE);
   const std::vector<std::string> steps = queryChainSteps(description);
   for (std::size_t depth = 0; depth < steps.size(); ++depth) {
-    text += steps[depth] + writer.output(stages[depth], 2 * depth + 2);
+    writer.write(steps[depth]);
+    writer.writeOutput(stages[depth], 2 * depth + 2);
   }
-  return text + "\n";
+  writer.write("\n");
+  return std::move(writer).text();
 }
 
 }  // namespace quobrak::simulator

@@ -8,7 +8,36 @@ namespace quobrak::simulator {
 
 namespace {
 
-/// Screens are full of containers that fill them and show nothing; touches fall through those that nobody has named.
+/// Keeps the front-most element at the point while it walks a tree. What comes later in the document lies in front.
+struct FrontMost {
+  Point point;
+  Rect screen;
+  /// The walk counts from this element on; what comes before it lies behind it.
+  const Element* from;
+  const Element* found = nullptr;
+
+  void visit(const Element& element, const Rect& clip) {
+    if (&element == from) {
+      found = nullptr;
+    }
+    if (takesTouches(element) && contains(touchedRegion(element, clip, screen), point)) {
+      found = &element;
+    }
+    const Rect childClip = clipOfChildren(element, clip);
+    for (const auto& child : element.children()) {
+      visit(*child, childClip);
+    }
+  }
+};
+
+const Element* frontMostAt(const Element& root, Point point, const Element& from) {
+  FrontMost frontMost{.point = point, .screen = root.frame, .from = &from};
+  frontMost.visit(root, root.frame);
+  return frontMost.found;
+}
+
+}  // namespace
+
 bool takesTouches(const Element& element) {
   if (element.isHidden) {
     return false;
@@ -26,37 +55,14 @@ bool takesTouches(const Element& element) {
   }
 }
 
-/// Keeps the front-most element at the point while it walks a tree. What comes later in the document lies in front.
-struct FrontMost {
-  Point point;
-  Rect screen;
-  /// The walk counts from this element on; what comes before it lies behind it.
-  const Element* from;
-  const Element* found = nullptr;
-
-  void visit(const Element& element, const Rect& clip) {
-    if (&element == from) {
-      found = nullptr;
-    }
-    const bool isEverywhere = isModal(element.type) && !isEmpty(element.frame);
-    const Rect region = isEverywhere ? screen : intersection(element.frame, clip);
-    if (takesTouches(element) && contains(region, point)) {
-      found = &element;
-    }
-    const Rect childClip = clipsItsChildren(element.type) ? intersection(element.frame, clip) : clip;
-    for (const auto& child : element.children()) {
-      visit(*child, childClip);
-    }
-  }
-};
-
-const Element* frontMostAt(const Element& root, Point point, const Element& from) {
-  FrontMost frontMost{.point = point, .screen = root.frame, .from = &from};
-  frontMost.visit(root, root.frame);
-  return frontMost.found;
+Rect touchedRegion(const Element& element, const Rect& clip, const Rect& screen) {
+  const bool isEverywhere = isModal(element.type) && !isEmpty(element.frame);
+  return isEverywhere ? screen : intersection(element.frame, clip);
 }
 
-}  // namespace
+Rect clipOfChildren(const Element& element, const Rect& clip) {
+  return clipsItsChildren(element.type) ? intersection(element.frame, clip) : clip;
+}
 
 const Element* elementAt(const Element& root, Point point) {
   return contains(root.frame, point) ? frontMostAt(root, point, root) : nullptr;

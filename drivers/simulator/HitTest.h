@@ -12,6 +12,16 @@ namespace quobrak::simulator {
 const Element* elementAt(const Element& root, Point point);
 Element* elementAt(Element& root, Point point);
 
+/// Whether a touch in the element's region lands on the element; it falls through what is hidden, and through
+/// containers that nobody has named.
+bool takesTouches(const Element& element);
+
+/// Where on the screen the element is touched, if touches reach no farther than `clip`.
+Rect touchedRegion(const Element& element, const Rect& clip, const Rect& screen);
+
+/// Where touches reach the element's children, if they reach the element within `clip`.
+Rect clipOfChildren(const Element& element, const Rect& clip);
+
 /// The element's part that is within the screen and all that clips it; of no extent where no part is.
 Rect visiblePart(const Element& element);
 

@@ -5,24 +5,11 @@
 #include <cstddef>
 #include <system_error>
 
+#include "platform/foundation/NSPredicate.h"
+
 namespace quobrak::simulator {
 
 namespace {
-
-bool isLetter(char character) {
-  return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z') || character == '_';
-}
-
-bool isDigit(char character) {
-  return character >= '0' && character <= '9';
-}
-
-/// As predicates spell the parts of a key path.
-bool isWord(std::string_view text) {
-  return !text.empty() && isLetter(text.front()) && std::all_of(text.begin(), text.end(), [](char character) {
-    return isLetter(character) || isDigit(character);
-  });
-}
 
 /// None where the text is not a whole number of 64 bits from its first to its last character.
 std::optional<std::int64_t> wholeNumber(std::string_view text) {
@@ -37,7 +24,7 @@ std::optional<std::int64_t> wholeNumber(std::string_view text) {
 bool isValueName(std::string_view text) {
   while (true) {
     const std::size_t dot = text.find('.');
-    if (!isWord(text.substr(0, dot))) {
+    if (!NSPredicate::isKeyPath(text.substr(0, dot))) {
       return false;
     }
     if (dot == std::string_view::npos) {

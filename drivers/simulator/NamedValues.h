@@ -14,8 +14,8 @@
 
 namespace quobrak::simulator {
 
-/// Whether the text may be the name of a named value: words of ASCII letters, digits and "_", none of which begins with a
-/// digit, with dots between them.
+/// Whether the text may be the name of a named value: words of ASCII letters, digits and "_", with dots between them,
+/// none of which begins with a digit or means something in predicates.
 bool isValueName(std::string_view text);
 
 /// A length of time in milliseconds as descriptions write it, 0 to an hour: digits alone. None for another text.

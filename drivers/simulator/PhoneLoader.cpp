@@ -3,8 +3,9 @@
 #include <cstdint>
 #include <deque>
 #include <functional>
-#include <set>
+#include <map>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -23,6 +24,16 @@ Size readSize(DescriptionFile& file, const JSONReader& json) {
   file.attempt([&] { size.width = static_cast<double>(integerBetween(json.member("width"), 1, LARGEST)); });
   file.attempt([&] { size.height = static_cast<double>(integerBetween(json.member("height"), 1, LARGEST)); });
   return size;
+}
+
+/// The folders of the applications that come with the program.
+std::vector<std::string> builtinApplications(const PhoneFiles& builtinFiles) {
+  const JSONValue phone = JSONDecoder::decode(builtinFiles.read("phone.json").value());
+  std::vector<std::string> folders;
+  for (const JSONReader& folder : JSONReader(phone).member("applications").elements()) {
+    folders.push_back(folder.text());
+  }
+  return folders;
 }
 
 class PhoneReader {
@@ -84,7 +95,7 @@ class PhoneReader {
   }
 
   void readValues(const JSONReader& json) {
-    for (const auto& [name, text] : readNamedTexts(json)) {
+    for (const auto& [name, text] : readNamedTexts(file_, json)) {
       phone_.values.set(name, text);
     }
   }
@@ -92,34 +103,41 @@ class PhoneReader {
   void readApplications(const JSONReader& json) {
     areAllKnown_ = !json.elements().empty();
     for (const JSONReader& entry : json.elements()) {
-      file_.attempt([&] { readApplication(entry); });
+      bool isKnown = false;
+      file_.attempt([&] { isKnown = readApplication(entry); });
+      areAllKnown_ = areAllKnown_ && isKnown;
     }
     if (json.elements().empty()) {
       json.fail("must hold the application that shows the home screen");
     }
   }
 
-  void readApplication(const JSONReader& entry) {
-    ApplicationReader& reader =
-        readers_.emplace_back(files_, nonEmptyText(entry), phone_, faults_,
-                              [this](DescriptionFile& file, const JSONReader& at, const std::string& bundleIdentifier) {
-                                references_.push_back([this, &file, at, bundleIdentifier] {
-                                  requireApplication(file, at, bundleIdentifier);
-                                });
-                              });
-    ApplicationDescription application = reader.read();
+  /// Whether it has told its bundle identifier.
+  bool readApplication(const JSONReader& entry) {
+    constexpr std::string_view BUILT_IN = "built-in:";
+    std::string folder = nonEmptyText(entry);
+    const bool isBuiltIn = folder.starts_with(BUILT_IN);
+    folder.erase(0, isBuiltIn ? BUILT_IN.size() : 0);
+    const PhoneFiles& files = isBuiltIn ? builtinFiles_ : files_;
+    if (!files.read(folder + "/app.json")) {
+      entry.fail("there is no application \"" + folder + "\"" +
+                 (isBuiltIn ? " that comes with the program; there are " + listed(builtinApplications(builtinFiles_))
+                            : ": " + files.nameOf(folder + "/app.json") + " is missing or cannot be read"));
+    }
+    ApplicationDescription application =
+        readers_.emplace_back(files, std::move(folder), phone_, faults_, phoneReferences_).read();
     const std::string bundleIdentifier = application.bundleIdentifier;
-    if (bundleIdentifier.empty()) {
-      areAllKnown_ = false;
-      return;
+    if (!bundleIdentifier.empty() && !phone_.applications.emplace(bundleIdentifier, std::move(application)).second) {
+      file_.note(entry, "another application has the bundle identifier \"" + bundleIdentifier + "\" too");
     }
-    for (const std::string& address : application.addresses) {
-      if (!addresses_.insert(address).second) {
-        file_.note(entry, "another application opens addresses that begin with \"" + address + "\" too");
-      }
-    }
-    if (!phone_.applications.emplace(bundleIdentifier, std::move(application)).second) {
-      entry.fail("another application has the bundle identifier \"" + bundleIdentifier + "\" too");
+    return !bundleIdentifier.empty();
+  }
+
+  void claimAddress(const DescriptionFile& file, const JSONReader& at, const std::string& address) {
+    const auto [claimed, isNew] = addresses_.emplace(address, file.name());
+    if (!isNew) {
+      at.fail("\"" + address + "\" stands in " + claimed->second +
+              " already; an address opens one application, and stands there once");
     }
   }
 
@@ -147,10 +165,18 @@ class PhoneReader {
   DescriptionFaults faults_;
   DescriptionFile file_;
   PhoneDescription phone_;
+  const PhoneReferences phoneReferences_{
+      .requireApplication =
+          [this](DescriptionFile& file, const JSONReader& at, const std::string& bundleIdentifier) {
+            references_.push_back([=, this, &file] { requireApplication(file, at, bundleIdentifier); });
+          },
+      .claimAddress = [this](DescriptionFile& file, const JSONReader& at,
+                             const std::string& address) { claimAddress(file, at, address); }};
   /// They hold the documents that the references point into.
   std::deque<ApplicationReader> readers_;
   std::vector<std::function<void()>> references_;
-  std::set<std::string> addresses_;
+  /// And the files that they stand in.
+  std::map<std::string, std::string> addresses_;
   /// Whether every application has told its bundle identifier.
   bool areAllKnown_ = false;
 };

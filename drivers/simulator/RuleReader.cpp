@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <map>
 #include <string_view>
 #include <utility>
 
@@ -15,31 +16,6 @@ namespace quobrak::simulator {
 
 namespace {
 
-enum class Need { none, optional, required };
-
-/// An event, and what its rules may or must say beyond what all rules may.
-struct EventRow {
-  std::string_view name;
-  RuleEvent event;
-  Need element;
-  std::vector<std::string> furtherKeys;
-};
-
-const std::vector<EventRow>& eventRows() {
-  static const std::vector<EventRow> ROWS{
-      {"launch", RuleEvent::launch, Need::none, {}},
-      {"screen", RuleEvent::screen, Need::none, {}},
-      {"tap", RuleEvent::tap, Need::required, {}},
-      {"longPress", RuleEvent::longPress, Need::required, {}},
-      {"text", RuleEvent::text, Need::required, {}},
-      {"scroll", RuleEvent::scroll, Need::required, {"at"}},
-      {"address", RuleEvent::address, Need::none, {}},
-      {"answer", RuleEvent::answer, Need::optional, {"alert"}},
-      {"time", RuleEvent::time, Need::none, {"after", "every"}},
-  };
-  return ROWS;
-}
-
 template <class Row>
 std::vector<std::string> namesOf(const std::vector<Row>& rows) {
   std::vector<std::string> names;
@@ -47,17 +23,6 @@ std::vector<std::string> namesOf(const std::vector<Row>& rows) {
     names.emplace_back(row.name);
   }
   return names;
-}
-
-const EventRow& readEvent(const JSONReader& json) {
-  const std::string name = json.text();
-  const std::vector<EventRow>& rows = eventRows();
-  const auto row =
-      std::find_if(rows.begin(), rows.end(), [&name](const EventRow& known) { return known.name == name; });
-  if (row == rows.end()) {
-    json.fail("\"" + name + "\" is no event; there are " + listed(namesOf(rows)));
-  }
-  return *row;
 }
 
 TextTemplate readTemplate(const JSONReader& json) {
@@ -77,20 +42,20 @@ AttributeText readAttributeText(const JSONReader& json) {
   return {json.isNull() ? std::nullopt : std::optional(readTemplate(json))};
 }
 
-/// The member as `read` reads it; none where it is left out.
-template <class Read>
-auto optionally(const JSONReader& object, std::string_view key, const Read& read)
-    -> std::optional<decltype(read(object))> {
-  const std::optional<JSONReader> member = object.optionalMember(key);
-  return member ? std::optional(read(*member)) : std::nullopt;
-}
-
 double readExtent(const JSONReader& json) {
   const double extent = json.number();
   if (extent < 0) {
     json.fail("must not be below 0");
   }
   return extent;
+}
+
+double readNumber(const JSONReader& json) {
+  return json.number();
+}
+
+bool readTruthValue(const JSONReader& json) {
+  return json.truthValue();
 }
 
 std::string readValueName(const JSONReader& json) {
@@ -114,14 +79,54 @@ Insertion readInsertion(const JSONReader& json) {
   return Insertion::atEnd;
 }
 
-void requireKnownAttribute(const JSONReader& json, const std::string& attribute) {
-  const std::vector<std::string> texts{"label", "identifier", "value", "placeholderValue"};
-  if (std::find(texts.begin(), texts.end(), attribute) == texts.end()) {
-    json.fail("must be one of " + listed(texts) + ", found \"" + attribute + "\"");
+std::string readTextAttribute(const JSONReader& json) {
+  const std::vector<std::string> known{"label", "identifier", "value", "placeholderValue"};
+  std::string attribute = json.text();
+  if (std::find(known.begin(), known.end(), attribute) == known.end()) {
+    json.fail("must be one of " + listed(known) + ", found \"" + attribute + "\"");
   }
+  return attribute;
 }
 
 }  // namespace
+
+/// An event, and what its rules say beyond what all rules do.
+struct RuleReader::EventRow {
+  std::string_view name;
+  RuleEvent event;
+  std::map<std::string_view, Need> keys;
+
+  Need needOf(std::string_view key) const {
+    const auto found = keys.find(key);
+    return found == keys.end() ? Need::none : found->second;
+  }
+};
+
+const std::vector<RuleReader::EventRow>& RuleReader::eventRows() {
+  static const std::vector<EventRow> ROWS{
+      {"launch", RuleEvent::launch, {}},
+      {"screen", RuleEvent::screen, {}},
+      {"tap", RuleEvent::tap, {{"element", Need::required}}},
+      {"longPress", RuleEvent::longPress, {{"element", Need::required}}},
+      {"text", RuleEvent::text, {{"element", Need::required}}},
+      {"scroll", RuleEvent::scroll, {{"element", Need::required}, {"at", Need::optional}}},
+      {"address", RuleEvent::address, {}},
+      {"answer", RuleEvent::answer, {{"element", Need::optional}, {"alert", Need::optional}}},
+      {"time", RuleEvent::time, {{"after", Need::required}, {"every", Need::optional}}},
+  };
+  return ROWS;
+}
+
+const RuleReader::EventRow* RuleReader::readEvent(const JSONReader& json) {
+  const std::string name = json.text();
+  const std::vector<EventRow>& rows = eventRows();
+  const auto row =
+      std::find_if(rows.begin(), rows.end(), [&name](const EventRow& known) { return known.name == name; });
+  if (row == rows.end()) {
+    json.fail("\"" + name + "\" is no event; there are " + listed(namesOf(rows)));
+  }
+  return &*row;
+}
 
 /// An effect: the member that says which one it is, what else may stand beside it, and who reads it.
 struct RuleReader::EffectRow {
@@ -153,92 +158,75 @@ const std::vector<RuleReader::EffectRow>& RuleReader::effectRows() {
 }
 
 Rule RuleReader::read(const JSONReader& json) {
-  Rule rule;
-  const EventRow* event = nullptr;
-  file_.attempt([&] { event = &readEvent(json.member("on")); });
-  std::vector<std::string> keys{"on", "screen", "when", "do"};
-  if (event != nullptr) {
-    rule.event = event->event;
-    keys.insert(keys.end(), event->furtherKeys.begin(), event->furtherKeys.end());
-    if (event->element != Need::none) {
-      keys.emplace_back("element");
+  static const EventRow UNKNOWN{"",
+                                RuleEvent::launch,
+                                {{"element", Need::optional},
+                                 {"at", Need::optional},
+                                 {"alert", Need::optional},
+                                 {"after", Need::optional},
+                                 {"every", Need::optional}}};
+  const EventRow* const known = required(json, "on", &RuleReader::readEvent).value_or(nullptr);
+  const EventRow& event = known == nullptr ? UNKNOWN : *known;
+  if (known != nullptr) {
+    std::vector<std::string> keys{"on", "screen", "when", "do"};
+    for (const auto& [key, need] : event.keys) {
+      keys.emplace_back(key);
     }
     file_.requireKnownKeys(json, keys);
-    file_.attempt([&] {
-      if (event->element == Need::required || json.optionalMember("element")) {
-        rule.element.emplace(readPredicate(json.member("element")));
-      }
-    });
   }
-  if (rule.event == RuleEvent::address && !references_.opensAddresses) {
+  if (event.event == RuleEvent::address && !references_.opensAddresses) {
     file_.note(json, "never happens: the application has no \"addresses\"");
   }
-  const auto predicate = [this](const JSONReader& member) { return readPredicate(member); };
-  const auto duration = [this](const JSONReader& member) { return readRuleDuration(member); };
-  file_.attempt([&] {
-    if (const auto alert = json.optionalMember("alert")) {
-      rule.alert.emplace(predicate(*alert));
-    }
-  });
-  file_.attempt([&] { rule.at = optionally(json, "at", readEnd); });
-  file_.attempt([&] { rule.screens = readScreens(json); });
-  file_.attempt([&] {
-    if (std::optional<PredicateEvaluator> condition = readCondition(json)) {
-      rule.condition.emplace(*std::move(condition));
-    }
-  });
-  if (rule.event == RuleEvent::time) {
-    file_.attempt([&] { rule.after = duration(json.member("after")); });
-    file_.attempt([&] {
-      rule.every = optionally(json, "every", [this](const JSONReader& member) { return readInterval(member); });
-    });
-  }
-  file_.attempt([&] { rule.effects = readEffects(json.member("do")); });
-  return rule;
+  const auto ofEvent = [&](std::string_view key, const auto& read) {
+    return asNeeded(event.needOf(key), json, key, read);
+  };
+  return {.event = event.event,
+          .element = ofEvent("element", &RuleReader::readPredicate),
+          .alert = ofEvent("alert", &RuleReader::readPredicate),
+          .at = ofEvent("at", readEnd),
+          .screens = optionally(json, "screen", &RuleReader::readScreens).value_or(std::vector<std::string>()),
+          .condition = optionally(json, "when", &RuleReader::readCondition),
+          .after = ofEvent("after", &RuleReader::readRuleDuration).value_or(RuleDuration()),
+          .every = ofEvent("every", &RuleReader::readInterval),
+          .effects = required(json, "do", &RuleReader::readEffects).value_or(std::vector<Effect>())};
 }
 
 /// An object of names and texts is a way to write that all of them are equal.
-std::optional<PredicateEvaluator> RuleReader::readCondition(const JSONReader& json) const {
-  const auto when = json.optionalMember("when");
-  if (!when) {
-    return std::nullopt;
-  }
+PredicateEvaluator RuleReader::readCondition(const JSONReader& json) {
   try {
-    if (when->isText()) {
-      return PredicateEvaluator(NSPredicate(when->text()));
+    if (json.isText()) {
+      return PredicateEvaluator(NSPredicate(json.text()));
     }
-    if (!when->isObject()) {
-      when->fail("expected an object of named values and their texts, or a predicate over named values");
+    if (!json.isObject()) {
+      json.fail("expected an object of named values and their texts, or a predicate over named values");
     }
     std::vector<NSPredicate> equalities;
-    for (const auto& [name, text] : readNamedTexts(*when)) {
+    for (const auto& [name, text] : readNamedTexts(file_, json)) {
       equalities.emplace_back(name + " == %@", std::initializer_list<NSPredicate::Argument>{text});
     }
     return PredicateEvaluator(NSCompoundPredicate::andPredicate(std::move(equalities)));
   } catch (const PredicateFormatError& error) {
-    when->fail(error.what());
+    json.fail(error.what());
   } catch (const RegularExpressionError& error) {
-    when->fail(error.what());
+    json.fail(error.what());
   }
 }
 
 std::vector<Effect> RuleReader::readEffects(const JSONReader& json) {
   std::vector<Effect> effects;
   for (const JSONReader& entry : json.elements()) {
-    file_.attempt([&] {
-      if (std::optional<Effect> effect = readEffect(entry)) {
-        effects.push_back(*std::move(effect));
-      }
-    });
+    if (std::optional<Effect> effect = attempted(entry, &RuleReader::readEffect)) {
+      effects.push_back(*std::move(effect));
+    }
   }
   return effects;
 }
 
-std::optional<Effect> RuleReader::readEffect(const JSONReader& json) {
+Effect RuleReader::readEffect(const JSONReader& json) {
   const std::vector<EffectRow>& rows = effectRows();
   const auto named = [&json](const EffectRow& row) { return json.optionalMember(row.name).has_value(); };
   if (std::count_if(rows.begin(), rows.end(), named) != 1) {
-    json.fail("expected an effect with one of the members " + listed(namesOf(rows)));
+    json.fail("expected an effect, which has one of the members " + listed(namesOf(rows)) + ", and only one of them");
   }
   const EffectRow& row = *std::find_if(rows.begin(), rows.end(), named);
   std::vector<std::string> keys{std::string(row.name)};
@@ -247,7 +235,7 @@ std::optional<Effect> RuleReader::readEffect(const JSONReader& json) {
   return (this->*row.read)(json, json.member(row.name));
 }
 
-PredicateEvaluator RuleReader::readPredicate(const JSONReader& json) const {
+PredicateEvaluator RuleReader::readPredicate(const JSONReader& json) {
   try {
     const NSPredicate predicate(json.text());
     requireKnownAttributes(predicate);
@@ -261,22 +249,26 @@ PredicateEvaluator RuleReader::readPredicate(const JSONReader& json) const {
   }
 }
 
-RuleDuration RuleReader::readRuleDuration(const JSONReader& json) const {
+PredicateEvaluator RuleReader::picked(const JSONReader& predicate) {
+  return attempted(predicate, &RuleReader::readPredicate)
+      .value_or(PredicateEvaluator(NSCompoundPredicate::orPredicate({})));
+}
+
+RuleDuration RuleReader::readRuleDuration(const JSONReader& json) {
   if (!json.isText()) {
     return readDuration(json);
   }
   std::string name = readValueName(json);
-  if (!durationIn(references_.values.text(name))) {
-    json.fail(
-        "as a duration, the value \"" + name +
-        "\" must begin as a whole number of milliseconds, at most 3600000, under \"values\" in phone.json; there it "
-        "is \"" +
-        references_.values.text(name) + "\"");
+  const std::string& text = references_.values.text(name);
+  if (!durationIn(text)) {
+    json.fail("as a duration, the value \"" + name +
+              "\" must begin as a whole number of milliseconds, at most 3600000, under \"values\" in phone.json; " +
+              (text.empty() ? "it does not stand there" : "there it is \"" + text + "\""));
   }
   return name;
 }
 
-RuleDuration RuleReader::readInterval(const JSONReader& json) const {
+RuleDuration RuleReader::readInterval(const JSONReader& json) {
   RuleDuration interval = readRuleDuration(json);
   const auto* const name = std::get_if<std::string>(&interval);
   const auto length =
@@ -288,25 +280,29 @@ RuleDuration RuleReader::readInterval(const JSONReader& json) const {
   return interval;
 }
 
-std::vector<std::string> RuleReader::readScreens(const JSONReader& rule) const {
-  std::vector<std::string> names;
-  const auto screens = rule.optionalMember("screen");
-  if (!screens) {
-    return names;
-  }
-  const JSONReader& json = *screens;
-  const auto add = [&](const JSONReader& one) {
-    names.push_back(nonEmptyText(one));
-    references_.requireScreen(one, names.back());
-  };
+std::string RuleReader::readScreen(const JSONReader& json) {
+  std::string name = nonEmptyText(json);
+  references_.requireScreen(json, name);
+  return name;
+}
+
+std::string RuleReader::readApplication(const JSONReader& json) {
+  std::string bundleIdentifier = nonEmptyText(json);
+  references_.requireApplication(json, bundleIdentifier);
+  return bundleIdentifier;
+}
+
+std::vector<std::string> RuleReader::readScreens(const JSONReader& json) {
   if (json.isText()) {
-    add(json);
-    return names;
+    return {readScreen(json)};
   }
+  std::vector<std::string> names;
   for (const JSONReader& one : json.elements()) {
-    add(one);
+    if (std::optional<std::string> name = attempted(one, &RuleReader::readScreen)) {
+      names.push_back(*std::move(name));
+    }
   }
-  if (names.empty()) {
+  if (json.elements().empty()) {
     json.fail("must name a screen");
   }
   return names;
@@ -317,25 +313,24 @@ SetValues::Source RuleReader::readSource(const JSONReader& json) {
     return readTemplate(json);
   }
   file_.requireKnownKeys(json, {"element", "attribute"});
-  std::string attribute = json.member("attribute").text();
-  requireKnownAttribute(json.member("attribute"), attribute);
-  return ElementText{optionally(json, "element", [this](const JSONReader& member) { return readPredicate(member); }),
-                     std::move(attribute)};
+  return ElementText{.element = optionally(json, "element", &RuleReader::readPredicate),
+                     .attribute = required(json, "attribute", readTextAttribute).value_or("")};
 }
 
 Effect RuleReader::show(const JSONReader&, const JSONReader& main) {
-  std::string screen = nonEmptyText(main);
-  references_.requireScreen(main, screen);
-  return {ShowScreen{std::move(screen)}};
+  return {ShowScreen{readScreen(main)}};
 }
 
 Effect RuleReader::set(const JSONReader&, const JSONReader& main) {
   SetValues effect;
-  for (const auto& [name, source] : main.members()) {
-    requireValueName(source, name);
-    effect.texts.emplace_back(name, readSource(source));
+  for (const auto& member : main.members()) {
+    file_.attempt([&] {
+      const auto& [name, source] = member;
+      requireValueName(source, name);
+      effect.texts.emplace_back(name, readSource(source));
+    });
   }
-  if (effect.texts.empty()) {
+  if (main.members().empty()) {
     main.fail("must set a named value");
   }
   return {std::move(effect)};
@@ -343,61 +338,75 @@ Effect RuleReader::set(const JSONReader&, const JSONReader& main) {
 
 Effect RuleReader::add(const JSONReader&, const JSONReader& main) {
   AddToValues effect;
-  for (const auto& [name, amount] : main.members()) {
-    requireValueName(amount, name);
-    effect.amounts.emplace(name, amount.integer());
+  for (const auto& member : main.members()) {
+    file_.attempt([&] {
+      const auto& [name, amount] = member;
+      requireValueName(amount, name);
+      effect.amounts.emplace(name, amount.integer());
+    });
   }
-  if (effect.amounts.empty()) {
+  if (main.members().empty()) {
     main.fail("must add to a named value");
   }
   return {std::move(effect)};
 }
 
 Effect RuleReader::change(const JSONReader& effect, const JSONReader& main) {
-  const JSONReader to = effect.member("to");
-  file_.requireKnownKeys(to, {"label", "identifier", "value", "placeholderValue", "enabled", "selected", "visible", "x",
-                              "y", "width", "height"});
-  if (to.members().empty()) {
-    to.fail("must name an attribute to change");
-  }
-  const auto truth = [](const JSONReader& json) { return json.truthValue(); };
-  const auto number = [](const JSONReader& json) { return json.number(); };
-  return {ChangeElements{.elements = readPredicate(main),
+  static const JSONValue NOTHING(JSONValue::Object{});
+  const auto readChanges = [this](const JSONReader& json) {
+    file_.requireKnownKeys(json, {"label", "identifier", "value", "placeholderValue", "enabled", "selected", "visible",
+                                  "x", "y", "width", "height"});
+    if (json.members().empty()) {
+      json.fail("must name an attribute to change");
+    }
+    return json;
+  };
+  const JSONReader to = required(effect, "to", readChanges).value_or(JSONReader(NOTHING));
+  return {ChangeElements{.elements = picked(main),
                          .label = optionally(to, "label", readAttributeText),
                          .identifier = optionally(to, "identifier", readAttributeText),
                          .value = optionally(to, "value", readAttributeText),
                          .placeholder = optionally(to, "placeholderValue", readAttributeText),
-                         .isEnabled = optionally(to, "enabled", truth),
-                         .isSelected = optionally(to, "selected", truth),
-                         .isVisible = optionally(to, "visible", truth),
-                         .x = optionally(to, "x", number),
-                         .y = optionally(to, "y", number),
+                         .isEnabled = optionally(to, "enabled", readTruthValue),
+                         .isSelected = optionally(to, "selected", readTruthValue),
+                         .isVisible = optionally(to, "visible", readTruthValue),
+                         .x = optionally(to, "x", readNumber),
+                         .y = optionally(to, "y", readNumber),
                          .width = optionally(to, "width", readExtent),
                          .height = optionally(to, "height", readExtent)}};
 }
 
 Effect RuleReader::move(const JSONReader& effect, const JSONReader& main) {
-  const JSONReader by = effect.member("by");
+  MoveElements move{.elements = picked(main),
+                    .dx = 0,
+                    .dy = 0,
+                    .over = optionally(effect, "over", &RuleReader::readRuleDuration).value_or(RuleDuration())};
+  file_.attempt([&] { readMove(effect.member("by"), move); });
+  return {std::move(move)};
+}
+
+void RuleReader::readMove(const JSONReader& by, MoveElements& effect) {
   file_.requireKnownKeys(by, {"x", "y"});
-  const auto duration = [this](const JSONReader& json) { return readRuleDuration(json); };
-  return {MoveElements{.elements = readPredicate(main),
-                       .dx = by.member("x").number(),
-                       .dy = by.member("y").number(),
-                       .over = optionally(effect, "over", duration).value_or(std::chrono::milliseconds(0))}};
+  effect.dx = required(by, "x", readNumber).value_or(0);
+  effect.dy = required(by, "y", readNumber).value_or(0);
 }
 
 Effect RuleReader::insert(const JSONReader& effect, const JSONReader& main) {
-  std::string fragment = nonEmptyText(main);
-  references_.requireFragment(main, fragment);
-  if (const auto at = effect.optionalMember("at"); at && !effect.optionalMember("into")) {
-    at->fail("needs \"into\": the element below whose content the page is inserted");
-  }
-  const auto duration = [this](const JSONReader& json) { return readRuleDuration(json); };
-  const auto predicate = [this](const JSONReader& json) { return readPredicate(json); };
-  return {InsertElements{.fragment = std::move(fragment),
-                         .into = optionally(effect, "into", predicate),
-                         .insertion = optionally(effect, "at", readInsertion).value_or(Insertion::asCaptured),
-                         .lifetime = optionally(effect, "for", duration)}};
+  const auto readFragment = [this](const JSONReader& json) {
+    std::string name = nonEmptyText(json);
+    references_.requireFragment(json, name);
+    return name;
+  };
+  const auto readInsertionInto = [&effect](const JSONReader& json) {
+    if (!effect.optionalMember("into")) {
+      json.fail("needs \"into\": the element below whose content the page is inserted");
+    }
+    return readInsertion(json);
+  };
+  return {InsertElements{.fragment = attempted(main, readFragment).value_or(""),
+                         .into = optionally(effect, "into", &RuleReader::readPredicate),
+                         .insertion = optionally(effect, "at", readInsertionInto).value_or(Insertion::asCaptured),
+                         .lifetime = optionally(effect, "for", &RuleReader::readRuleDuration)}};
 }
 
 Effect RuleReader::remove(const JSONReader&, const JSONReader& main) {
@@ -408,58 +417,64 @@ Effect RuleReader::focus(const JSONReader&, const JSONReader& main) {
   return {FocusElement{readPredicate(main)}};
 }
 
-RaiseAlert RuleReader::readAlert(const JSONReader& effect, const JSONReader& main, AlertKind kind) {
-  file_.requireKnownKeys(main, {"title", "message", "buttons"});
+Effect RuleReader::raise(const JSONReader& effect, const JSONReader& main, AlertKind kind) {
   RaiseAlert alert{.kind = kind,
                    .title = {},
-                   .message = optionally(main, "message", readTemplate).value_or(TextTemplate()),
+                   .message = {},
                    .buttons = {},
                    .answer = optionally(effect, "answer", readValueName).value_or("")};
-  if (kind != AlertKind::sheet || main.optionalMember("title")) {
-    alert.title = readNonEmptyTemplate(main.member("title"));
-  }
-  const JSONReader buttons = main.member("buttons");
+  file_.attempt([&] { readAlert(main, alert); });
+  return {std::move(alert)};
+}
+
+void RuleReader::readAlert(const JSONReader& texts, RaiseAlert& alert) {
+  file_.requireKnownKeys(texts, {"title", "message", "buttons"});
+  const Need title = alert.kind == AlertKind::sheet ? Need::optional : Need::required;
+  alert.title = asNeeded(title, texts, "title", readNonEmptyTemplate).value_or(TextTemplate());
+  alert.message = optionally(texts, "message", readTemplate).value_or(TextTemplate());
+  const JSONReader buttons = texts.member("buttons");
   for (const JSONReader& button : buttons.elements()) {
-    alert.buttons.push_back(readNonEmptyTemplate(button));
+    alert.buttons.push_back(attempted(button, readNonEmptyTemplate).value_or(TextTemplate()));
   }
   if (alert.buttons.empty()) {
     buttons.fail("without a button it could never be answered");
   }
-  return alert;
 }
 
 Effect RuleReader::alert(const JSONReader& effect, const JSONReader& main) {
-  return {readAlert(effect, main, AlertKind::alert)};
+  return raise(effect, main, AlertKind::alert);
 }
 
 Effect RuleReader::sheet(const JSONReader& effect, const JSONReader& main) {
-  return {readAlert(effect, main, AlertKind::sheet)};
+  return raise(effect, main, AlertKind::sheet);
 }
 
 Effect RuleReader::systemAlert(const JSONReader& effect, const JSONReader& main) {
-  return {readAlert(effect, main, AlertKind::system)};
+  return raise(effect, main, AlertKind::system);
 }
 
 Effect RuleReader::askPermission(const JSONReader& effect, const JSONReader& main) {
-  const std::optional<AlertText> texts = permissionAlert(main.text(), references_.applicationName);
-  if (!texts) {
-    main.fail("must be one of " + knownPermissions() + ", found \"" + main.text() + "\"");
-  }
+  const auto readPermission = [this](const JSONReader& json) {
+    const std::optional<AlertText> texts = permissionAlert(json.text(), references_.applicationName);
+    if (!texts) {
+      json.fail("must be one of " + knownPermissions() + ", found \"" + json.text() + "\"");
+    }
+    return *texts;
+  };
+  const AlertText texts = attempted(main, readPermission).value_or(AlertText());
   RaiseAlert alert{.kind = AlertKind::system,
-                   .title = TextTemplate(texts->title),
-                   .message = optionally(effect, "message", readTemplate).value_or(TextTemplate(texts->message)),
+                   .title = TextTemplate(texts.title),
+                   .message = optionally(effect, "message", readTemplate).value_or(TextTemplate(texts.message)),
                    .buttons = {},
                    .answer = optionally(effect, "answer", readValueName).value_or("")};
-  for (const std::string& button : texts->buttons) {
+  for (const std::string& button : texts.buttons) {
     alert.buttons.emplace_back(button);
   }
   return {std::move(alert)};
 }
 
 Effect RuleReader::open(const JSONReader&, const JSONReader& main) {
-  std::string bundleIdentifier = nonEmptyText(main);
-  references_.requireApplication(main, bundleIdentifier);
-  return {OpenApplication{std::move(bundleIdentifier)}};
+  return {OpenApplication{readApplication(main)}};
 }
 
 Effect RuleReader::openAddress(const JSONReader&, const JSONReader& main) {
@@ -467,16 +482,14 @@ Effect RuleReader::openAddress(const JSONReader&, const JSONReader& main) {
 }
 
 Effect RuleReader::terminate(const JSONReader&, const JSONReader& main) {
-  std::string bundleIdentifier = nonEmptyText(main);
-  references_.requireApplication(main, bundleIdentifier);
-  return {TerminateApplication{std::move(bundleIdentifier)}};
+  return {TerminateApplication{readApplication(main)}};
 }
 
 Effect RuleReader::later(const JSONReader& effect, const JSONReader& main) {
-  return {Later{.after = readRuleDuration(main),
-                .screens = readScreens(effect),
-                .condition = readCondition(effect),
-                .effects = readEffects(effect.member("do"))}};
+  return {Later{.after = attempted(main, &RuleReader::readRuleDuration).value_or(RuleDuration()),
+                .screens = optionally(effect, "screen", &RuleReader::readScreens).value_or(std::vector<std::string>()),
+                .condition = optionally(effect, "when", &RuleReader::readCondition),
+                .effects = required(effect, "do", &RuleReader::readEffects).value_or(std::vector<Effect>())}};
 }
 
 }  // namespace quobrak::simulator

@@ -3,6 +3,8 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
+#include <type_traits>
 #include <vector>
 
 #include "drivers/simulator/DescriptionFile.h"
@@ -36,20 +38,69 @@ class RuleReader {
   Rule read(const JSONReader& json);
 
  private:
+  enum class Need { none, optional, required };
+  struct EventRow;
+  static const std::vector<EventRow>& eventRows();
   struct EffectRow;
   static const std::vector<EffectRow>& effectRows();
 
-  /// None where the rule or effect has none.
-  std::optional<PredicateEvaluator> readCondition(const JSONReader& json) const;
-  std::vector<Effect> readEffects(const JSONReader& json);
-  std::optional<Effect> readEffect(const JSONReader& json);
+  // What `read` makes of a place: it takes the place, and may be an operation of this object. A fault is noted, and
+  // then there is none.
 
-  PredicateEvaluator readPredicate(const JSONReader& json) const;
-  RuleDuration readRuleDuration(const JSONReader& json) const;
-  /// Those that the rule or effect names.
-  std::vector<std::string> readScreens(const JSONReader& json) const;
-  RuleDuration readInterval(const JSONReader& json) const;
+  template <class Read>
+  auto attempted(const JSONReader& json, const Read& read) {
+    std::optional<decltype(call(read, json))> result;
+    file_.attempt([&] { result.emplace(call(read, json)); });
+    return result;
+  }
+
+  /// Of a member; it is a fault that it is left out.
+  template <class Read>
+  auto required(const JSONReader& object, std::string_view key, const Read& read) {
+    return attempted(object, [&](const JSONReader& json) { return call(read, json.member(key)); });
+  }
+
+  /// Of a member; none where it is left out.
+  template <class Read>
+  auto optionally(const JSONReader& object, std::string_view key, const Read& read) {
+    std::optional<decltype(call(read, object))> result;
+    file_.attempt([&] {
+      if (const std::optional<JSONReader> member = object.optionalMember(key)) {
+        result.emplace(call(read, *member));
+      }
+    });
+    return result;
+  }
+
+  template <class Read>
+  auto call(const Read& read, const JSONReader& json) {
+    if constexpr (std::is_member_function_pointer_v<Read>) {
+      return (this->*read)(json);
+    } else {
+      return read(json);
+    }
+  }
+
+  template <class Read>
+  auto asNeeded(Need need, const JSONReader& object, std::string_view key, const Read& read) {
+    using Result = decltype(required(object, key, read));
+    if (need == Need::none) {
+      return Result();
+    }
+    return need == Need::required ? required(object, key, read) : optionally(object, key, read);
+  }
+
+  const EventRow* readEvent(const JSONReader& json);
+  PredicateEvaluator readPredicate(const JSONReader& json);
+  PredicateEvaluator readCondition(const JSONReader& json);
+  RuleDuration readRuleDuration(const JSONReader& json);
+  RuleDuration readInterval(const JSONReader& json);
+  std::vector<std::string> readScreens(const JSONReader& json);
+  std::string readScreen(const JSONReader& json);
+  std::string readApplication(const JSONReader& json);
   SetValues::Source readSource(const JSONReader& json);
+  std::vector<Effect> readEffects(const JSONReader& json);
+  Effect readEffect(const JSONReader& json);
 
   // One for each effect: `effect` is the object, `main` its member that says which effect it is.
   Effect show(const JSONReader& effect, const JSONReader& main);
@@ -69,7 +120,11 @@ class RuleReader {
   Effect terminate(const JSONReader& effect, const JSONReader& main);
   Effect later(const JSONReader& effect, const JSONReader& main);
 
-  RaiseAlert readAlert(const JSONReader& effect, const JSONReader& main, AlertKind kind);
+  /// Those that are picked by the predicate, or none where that is a fault.
+  PredicateEvaluator picked(const JSONReader& predicate);
+  void readMove(const JSONReader& by, MoveElements& effect);
+  void readAlert(const JSONReader& texts, RaiseAlert& alert);
+  Effect raise(const JSONReader& effect, const JSONReader& main, AlertKind kind);
 
   DescriptionFile& file_;
   const RuleReferences& references_;

@@ -221,7 +221,7 @@ void SimulatedDriver::swipe(const XCUIElement& element, SwipeDirection direction
   if (!hitPoint(swiped)) {
     operation.fail("no part of it is on the screen");
   }
-  phone_.swipe(swiped, direction);
+  operation.guarded([&] { phone_.swipe(swiped, direction); });
 }
 
 void SimulatedDriver::tap(const XCUICoordinate& point) {

@@ -1,6 +1,7 @@
 // Texts, and fields to type them into.
 
 #include "drivers/simulator/ElementArt.h"
+#include "drivers/simulator/TextDirection.h"
 #include "platform/foundation/Unicode.h"
 
 #include <algorithm>
@@ -31,14 +32,14 @@ Alignment alignmentOf(const Element& element, const Rect& frame) {
     container = container->parent();
   }
   if (container == nullptr || container->frame.size.width <= 0) {
-    return Alignment::LEFT;
+    return Alignment::NATURAL;
   }
   const double left = frame.origin.x - container->frame.origin.x;
   const double right = container->frame.size.width - left - frame.size.width;
   if (container->type == ElementType::cell && left > container->frame.size.width / 2) {
     return Alignment::RIGHT;
   }
-  return std::abs(left - right) < 1 && left > PAGE_MARGIN ? Alignment::CENTER : Alignment::LEFT;
+  return std::abs(left - right) < 1 && left > PAGE_MARGIN ? Alignment::CENTER : Alignment::NATURAL;
 }
 
 // A frame of one line is as high as its font wants; a higher one holds several lines of ordinary text.
@@ -108,16 +109,27 @@ FieldText fieldTextOf(const Element& element) {
   return {element.placeholder.value_or(element.label), false};
 }
 
+// Where what is typed next will stand; text that overflows its frame keeps the caret at the edge.
+double caretOf(const FieldText& text, const Rect& lastLine, const Rect& frame, double caretWidth) {
+  const std::string_view lastParagraph = std::string_view(text.words).substr(text.words.find_last_of("\r\n") + 1);
+  const double right = frame.origin.x + frame.size.width;
+  if (isRightToLeft(lastParagraph)) {
+    return text.isTyped ? std::max(lastLine.origin.x - 1 - caretWidth, frame.origin.x) : right - caretWidth;
+  }
+  return text.isTyped ? std::min(lastLine.origin.x + lastLine.size.width + 1, right) : frame.origin.x;
+}
+
 void drawFieldText(const Canvas& canvas, const Element& element, const Rect& frame, const FieldText& text,
                    const TextStyle& style) {
   TextStyle colored = style;
   colored.color = text.isTyped ? inkOf(element, BLACK) : PLACEHOLDER_TEXT;
   const Rect line = canvas.text(text.words, frame, colored);
   if (element.hasKeyboardFocus) {
-    const double end = text.isTyped ? line.origin.x + line.size.width + 1 : frame.origin.x;
+    constexpr double CARET_WIDTH = 2;
+    const double left = caretOf(text, line, frame, CARET_WIDTH);
     const double height = std::min(line.size.height, 22.0);
     const double top = line.origin.y + (line.size.height - height) / 2;
-    canvas.fill({{std::min(end, frame.origin.x + frame.size.width), top}, {2, height}}, TINT);
+    canvas.fill({{left, top}, {CARET_WIDTH, height}}, TINT);
   }
 }
 

@@ -1,6 +1,8 @@
 #include "drivers/simulator/TextFont.h"
 
 #include "drivers/simulator/BuiltinFiles.h"
+#include "drivers/simulator/TextLayout.h"
+#include "drivers/simulator/TextShaping.h"
 #include "platform/foundation/FatalError.h"
 #include "platform/foundation/Unicode.h"
 
@@ -66,18 +68,6 @@ cairo_scaled_font_t* makeRuler(cairo_font_face_t* face, const cairo_font_options
   return cairo_scaled_font_create(face, &size, &identity, options);
 }
 
-Glyph::Kind kindOf(std::string_view character) {
-  constexpr unsigned char FIRST_BYTE_FROM_U3000_ON = 0xE3;
-  if (character == "\n" || character == "\r") {
-    return Glyph::Kind::NEWLINE;
-  }
-  if (character == " " || character == "\t") {
-    return Glyph::Kind::BLANK;
-  }
-  return static_cast<unsigned char>(character.front()) >= FIRST_BYTE_FROM_U3000_ON ? Glyph::Kind::IDEOGRAPH
-                                                                                   : Glyph::Kind::INK;
-}
-
 // The arrays that cairo allocates for a text's glyphs.
 struct GlyphArrays {
   GlyphArrays() = default;
@@ -116,11 +106,16 @@ TextFont::TextFont(Weight weight) : options_(makeFontOptions()), face_(makeFontF
 
 std::vector<Glyph> TextFont::glyphsOf(std::string_view text) const {
   const std::string repaired = repairedUTF8(text);
+  return needsShaping(repaired) ? shapedGlyphs(repaired) : plainGlyphsOf(repaired);
+}
+
+// One glyph for each character, one after the other.
+std::vector<Glyph> TextFont::plainGlyphsOf(std::string_view text) const {
   std::vector<Glyph> result;
   GlyphArrays arrays;
-  const cairo_status_t status = cairo_scaled_font_text_to_glyphs(
-      ruler_.get(), 0, 0, repaired.data(), static_cast<int>(repaired.size()), &arrays.glyphs, &arrays.glyphCount,
-      &arrays.clusters, &arrays.clusterCount, &arrays.flags);
+  const cairo_status_t status =
+      cairo_scaled_font_text_to_glyphs(ruler_.get(), 0, 0, text.data(), static_cast<int>(text.size()), &arrays.glyphs,
+                                       &arrays.glyphCount, &arrays.clusters, &arrays.clusterCount, &arrays.flags);
   if (status != CAIRO_STATUS_SUCCESS) {
     return result;
   }
@@ -129,8 +124,8 @@ std::vector<Glyph> TextFont::glyphsOf(std::string_view text) const {
     const auto length = static_cast<std::size_t>(arrays.clusters[number].num_bytes);
     cairo_text_extents_t extents;
     cairo_scaled_font_glyph_extents(ruler_.get(), arrays.glyphs + number, 1, &extents);
-    result.push_back({arrays.glyphs[number].index, extents.x_advance / RULER_SIZE,
-                      kindOf(std::string_view(repaired).substr(position, length))});
+    result.push_back(
+        {arrays.glyphs[number].index, extents.x_advance / RULER_SIZE, kindOf(text.substr(position, length))});
     position += length;
   }
   return result;

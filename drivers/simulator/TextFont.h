@@ -6,18 +6,9 @@
 #include <string_view>
 #include <vector>
 
+#include "drivers/simulator/Glyph.h"
+
 namespace quobrak::simulator::painting {
-
-/// One drawn character of a text.
-struct Glyph {
-  enum class Kind { INK, IDEOGRAPH, BLANK, NEWLINE };
-
-  /// Its number in the font; 0 is the box of a character that the font lacks.
-  unsigned long index = 0;
-  /// Its width at a font size of 1.
-  double advance = 0;
-  Kind kind = Kind::INK;
-};
 
 /// The font that comes with the program, at one weight. It is loaded when it is first asked for.
 class TextFont {
@@ -28,7 +19,7 @@ class TextFont {
   TextFont(const TextFont&) = delete;
   TextFont& operator=(const TextFont&) = delete;
 
-  /// The characters of a UTF-8 text, one glyph each; ill-formed bytes become U+FFFD.
+  /// What is drawn of a UTF-8 text, in the order in which it is read; ill-formed bytes become U+FFFD.
   std::vector<Glyph> glyphsOf(std::string_view text) const;
 
   /// Sets font, size (in the context's units) and rendering for drawing glyphs.
@@ -41,6 +32,8 @@ class TextFont {
  private:
   enum class Weight { REGULAR, BOLD };
   explicit TextFont(Weight weight);
+
+  std::vector<Glyph> plainGlyphsOf(std::string_view text) const;
 
   template <auto Destroy>
   struct Deleter {

@@ -9,6 +9,25 @@ bool isBlank(const Glyph& glyph) {
   return glyph.kind == Glyph::Kind::BLANK || glyph.kind == Glyph::Kind::NEWLINE;
 }
 
+bool begins(std::span<const Glyph> glyphs, std::size_t position) {
+  return position == glyphs.size() || !glyphs[position].isAttached;
+}
+
+// The last place up to `position` where a character ends; where even the first one goes on, the end of that.
+std::size_t endOfWholeCharacters(std::span<const Glyph> glyphs, std::size_t position) {
+  std::size_t end = position;
+  while (end > 0 && !begins(glyphs, end)) {
+    --end;
+  }
+  if (end > 0) {
+    return end;
+  }
+  do {
+    ++end;
+  } while (!begins(glyphs, end));
+  return end;
+}
+
 // Where a line ends and the next one begins: what stands between is left out.
 struct LineBreak {
   std::size_t end = 0;
@@ -25,32 +44,56 @@ LineBreak lineBreakIn(std::span<const Glyph> glyphs, double width) {
     if (glyph.kind == Glyph::Kind::NEWLINE) {
       return {position, position + 1};
     }
-    if (glyph.kind == Glyph::Kind::IDEOGRAPH && position > 0) {
+    const bool isBesideIdeograph =
+        position > 0 && (glyph.kind == Glyph::Kind::IDEOGRAPH || glyphs[position - 1].kind == Glyph::Kind::IDEOGRAPH);
+    if (isBesideIdeograph && begins(glyphs, position)) {
       lastChance = {position, position};
     }
     used += glyph.advance;
     if (used > width && glyph.kind != Glyph::Kind::BLANK) {
       const bool hasChance = lastChance.next > 0;
-      const std::size_t atLeastOne = std::max<std::size_t>(position, 1);
+      const std::size_t atLeastOne = endOfWholeCharacters(glyphs, position);
       return hasChance ? lastChance : LineBreak{atLeastOne, atLeastOne, true};
     }
     if (glyph.kind == Glyph::Kind::BLANK) {
       lastChance = {position, position + 1};
-    } else if (glyph.kind == Glyph::Kind::IDEOGRAPH) {
-      lastChance = {position + 1, position + 1};
     }
   }
   return {glyphs.size(), glyphs.size()};
 }
 
+std::span<const Glyph> withoutLastCharacter(std::span<const Glyph> line) {
+  std::size_t end = line.size() - 1;
+  while (end > 0 && !begins(line, end)) {
+    --end;
+  }
+  return line.first(end);
+}
+
 }  // namespace
 
-double widthOf(std::span<const Glyph> line) {
+Glyph::Kind kindOf(std::string_view character) {
+  constexpr unsigned char FIRST_BYTE_FROM_U3000_ON = 0xE3;
+  if (character == "\n" || character == "\r") {
+    return Glyph::Kind::NEWLINE;
+  }
+  if (character == " " || character == "\t") {
+    return Glyph::Kind::BLANK;
+  }
+  return static_cast<unsigned char>(character.front()) >= FIRST_BYTE_FROM_U3000_ON ? Glyph::Kind::IDEOGRAPH
+                                                                                   : Glyph::Kind::INK;
+}
+
+std::span<const Glyph> withoutBlanksAtEnd(std::span<const Glyph> line) {
   while (!line.empty() && isBlank(line.back())) {
     line = line.first(line.size() - 1);
   }
+  return line;
+}
+
+double widthOf(std::span<const Glyph> line) {
   double width = 0;
-  for (const Glyph& glyph : line) {
+  for (const Glyph& glyph : withoutBlanksAtEnd(line)) {
     width += glyph.advance;
   }
   return width;
@@ -70,11 +113,16 @@ BrokenText brokenIntoLines(std::span<const Glyph> glyphs, double width, std::siz
 
 std::vector<Glyph> shortened(std::span<const Glyph> line, std::span<const Glyph> ending, double width) {
   const double room = width - widthOf(ending);
+  const signed char paragraphLevel = line.empty() ? Glyph{}.paragraphLevel : line.front().paragraphLevel;
   while (!line.empty() && (isBlank(line.back()) || widthOf(line) > room)) {
-    line = line.first(line.size() - 1);
+    line = withoutLastCharacter(line);
   }
   std::vector<Glyph> result(line.begin(), line.end());
-  result.insert(result.end(), ending.begin(), ending.end());
+  for (Glyph glyph : ending) {
+    glyph.level = paragraphLevel;
+    glyph.paragraphLevel = paragraphLevel;
+    result.push_back(glyph);
+  }
   return result;
 }
 

@@ -15,29 +15,77 @@ namespace quobrak {
 
 namespace {
 
-// Comparing, encoding and releasing a value recurse, so its depth has to fit the stack.
-constexpr std::size_t MAXIMUM_NESTING = 500;
-
 constexpr int NUMBER_OVERFLOW_ID = 406;
 
 [[noreturn]] void failAt(const std::string& place, const std::string& reason) {
   throw DecodingError(place, reason);
 }
 
-/// What the parser would have read on at, in its own words ("',' or '}'"); empty where it does not say.
-std::string_view expectedBy(const nlohmann::json::exception& error) {
-  constexpr std::string_view INTRODUCTION = "; expected ";
+/// What the parser says of a text that is no JSON, besides the place.
+struct ParserWords {
+  /// Whether what it read was no token, so that it stopped within it, and not one of the wrong kind.
+  bool isAboutCharacters = false;
+  /// What is wrong with the characters of a text or a number, in its words; empty where that is not it.
+  std::string_view ofCharacters;
+  /// What would have been right, in our words; empty where the parser does not say.
+  std::string_view expected;
+};
+
+/// The parser has no more than one sentence for all of it: "... - invalid literal; last read: '[nul]'; expected ']'".
+ParserWords wordsOf(const nlohmann::json::exception& error) {
+  constexpr std::string_view A_VALUE =
+      "a value: a text in double quotes, a number, true, false, null, an array or an object";
+  constexpr std::pair<std::string_view, std::string_view> EXPECTED[] = {
+      {"; expected '[', '{', or a literal", A_VALUE},
+      {"; expected string literal", "a key in double quotes"},
+      {"; expected ':'", "':'"},
+      {"; expected ']'", "',' or ']'"},
+      {"; expected '}'", "',' or '}'"},
+      {"; expected end of input", "the end of the text"},
+  };
+  constexpr std::string_view DETAILS = " - ";
+  constexpr std::string_view NO_LITERAL = "invalid literal";
   const std::string_view text = error.what();
-  const std::size_t start = text.find(INTRODUCTION);
-  return start == std::string_view::npos ? std::string_view() : text.substr(start + INTRODUCTION.size());
+  const std::size_t start = text.find(DETAILS) + DETAILS.size();
+  const std::size_t quotation = text.find("; last read: '");
+  ParserWords words;
+  if (quotation != std::string_view::npos) {
+    words.isAboutCharacters = true;
+    words.ofCharacters = text.substr(start, quotation - start);
+    if (words.ofCharacters != NO_LITERAL) {
+      return words;
+    }
+    words.ofCharacters = {};
+    words.expected = A_VALUE;
+  }
+  for (const auto& [theirs, ours] : EXPECTED) {
+    words.expected = text.ends_with(theirs) ? ours : words.expected;
+  }
+  return words;
 }
 
-[[noreturn]] void failAtOffset(std::string_view text, std::size_t offset, std::string_view expected) {
+[[noreturn]] void failAtOffset(std::string_view text, std::size_t offset, ParserWords words) {
   std::string reason = offset < text.size() ? "unexpected character" : "the text ends too early";
-  if (!expected.empty()) {
-    reason.append("; expected ").append(expected);
+  if (!words.ofCharacters.empty()) {
+    reason.append(": ").append(words.ofCharacters);
+  }
+  if (!words.expected.empty()) {
+    reason.append("; expected ").append(words.expected);
   }
   throw DecodingError(placeInText(text, offset), reason);
+}
+
+/// Where the token begins that ends before `end`: a text or a number of that length, a literal, or one character.
+std::size_t startOfToken(std::string_view text, std::size_t end, std::size_t length) {
+  const char last = text[end - 1];
+  if (last == '"' || (last >= '0' && last <= '9')) {
+    return end - length;
+  }
+  std::size_t start = end - 1;
+  while (last >= 'a' && last <= 'z' && start > 0 && text[start - 1] >= 'a' && text[start - 1] <= 'z') {
+    --start;
+  }
+  return start;
 }
 
 // Builds the value from the parser's events. The parser keeps its own stack, so nesting costs no stack of the thread.
@@ -81,11 +129,14 @@ class ValueBuilder final : public nlohmann::json_sax<nlohmann::json> {
   bool start_array(std::size_t) override { return open<JSONValue::Array>(); }
   bool end_array() override { return close<JSONValue::Array>(); }
 
-  bool parse_error(std::size_t position, const std::string&, const nlohmann::json::exception& error) override {
+  // `position` is one past the last character that the parser has read.
+  bool parse_error(std::size_t position, const std::string& token, const nlohmann::json::exception& error) override {
     if (error.id == NUMBER_OVERFLOW_ID) {
       failNumberTooLarge();
     }
-    failAtOffset(text_, position - 1, expectedBy(error));
+    const ParserWords words = wordsOf(error);
+    const bool isWholeToken = !words.isAboutCharacters && position <= text_.size();
+    failAtOffset(text_, isWholeToken ? startOfToken(text_, position, token.size()) : position - 1, words);
   }
 
  private:
@@ -108,8 +159,8 @@ class ValueBuilder final : public nlohmann::json_sax<nlohmann::json> {
 
   template <typename Items>
   bool open() {
-    if (open_.size() == MAXIMUM_NESTING) {
-      failAt("", "nested deeper than " + std::to_string(MAXIMUM_NESTING) + " levels");
+    if (open_.size() == JSONDecoder::MAXIMUM_NESTING) {
+      failAt("", "nested deeper than " + std::to_string(JSONDecoder::MAXIMUM_NESTING) + " levels");
     }
     open_.emplace_back().items.template emplace<Items>();
     return true;
@@ -197,7 +248,8 @@ std::optional<JSONValue> quicklyDecoded(std::string_view text) {
   if (parser.capacity() > MOST_KEPT) {
     parser = simdjson::dom::parser();
   }
-  if (parser.capacity() < text.size() && parser.allocate(text.size(), MAXIMUM_NESTING) != simdjson::SUCCESS) {
+  if (parser.capacity() < text.size() &&
+      parser.allocate(text.size(), JSONDecoder::MAXIMUM_NESTING) != simdjson::SUCCESS) {
     return std::nullopt;
   }
   simdjson::dom::element root;
@@ -292,7 +344,9 @@ DecodingError::DecodingError(Place place, const std::string& reason)
     : std::runtime_error(textOf(place) + ": " + reason), place_(std::move(place)), reason_(reason) {}
 
 std::string keyPathOfMember(const std::string& place, std::string_view key) {
-  return place.empty() ? std::string(key) : place + '.' + std::string(key);
+  // An empty step would be none.
+  const std::string step(key.empty() ? "\"\"" : key);
+  return place.empty() ? step : place + '.' + step;
 }
 
 std::string keyPathOfElement(const std::string& place, std::size_t index) {
@@ -321,7 +375,7 @@ JSONValue JSONDecoder::decode(std::string_view text) {
   nlohmann::json::sax_parse(text, &builder);
   // The parser takes a NUL after the value for the end of the text.
   if (const std::size_t nul = text.find('\0'); nul != std::string_view::npos) {
-    failAtOffset(text, nul, "end of input");
+    failAtOffset(text, nul, {.isAboutCharacters = true, .ofCharacters = {}, .expected = "the end of the text"});
   }
   return builder.takeResult();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <map>
 #include <optional>
@@ -33,7 +34,8 @@ class DecodingError : public std::runtime_error {
   std::string reason_;
 };
 
-/// The key path of a member of the object, or of an element of the array, that has the key path `place`.
+/// The key path of a member of the object, or of an element of the array, that has the key path `place`. An empty key
+/// is written as "".
 std::string keyPathOfMember(const std::string& place, std::string_view key);
 std::string keyPathOfElement(const std::string& place, std::size_t index);
 
@@ -77,7 +79,12 @@ class JSONDecoder {
  public:
   JSONDecoder() = delete;
 
-  /// Throws `DecodingError` where the text is not one JSON value, or holds an integer beyond 64 bits.
+  /// How many arrays and objects may lie in each other: comparing, encoding and releasing a value recurse, so its depth
+  /// has to fit the stack.
+  static constexpr std::size_t MAXIMUM_NESTING = 500;
+
+  /// Throws `DecodingError` where the text is not one JSON value, is nested deeper, or holds a number that is too
+  /// large: an integer beyond 64 bits, another one beyond a double.
   static JSONValue decode(std::string_view text);
 };
 

@@ -73,6 +73,7 @@ class JSONPlaces::Reader final : public nlohmann::json_sax<nlohmann::json> {
     const std::size_t offset = takeOffset();
     if (!object.members.insert(name).second) {
       places_.repetitions_.push_back({object.member, placeInText(text_, offset)});
+      forgetWithin(object.member);
     }
     places_.offsets_.insert_or_assign(object.member, offset);
     return true;
@@ -110,12 +111,24 @@ class JSONPlaces::Reader final : public nlohmann::json_sax<nlohmann::json> {
     return keyPath;
   }
 
+  /// What is in an earlier member of that name.
+  void forgetWithin(const std::string& keyPath) {
+    std::erase_if(places_.offsets_, [&keyPath](const auto& entry) {
+      return entry.first.size() > keyPath.size() && entry.first.starts_with(keyPath) &&
+             (entry.first[keyPath.size()] == '.' || entry.first[keyPath.size()] == '[');
+    });
+  }
+
   bool addScalar() {
     beginValue();
     return true;
   }
 
   bool open(std::optional<std::size_t> count) {
+    // Key paths of all depths would take room by the square of the deepest.
+    if (open_.size() == JSONDecoder::MAXIMUM_NESTING) {
+      return false;
+    }
     open_.push_back({.keyPath = beginValue(), .count = count, .member = {}, .members = {}});
     return true;
   }

@@ -14,14 +14,15 @@ namespace quobrak {
 /// Where the parts of a JSON text stand in it, by their key paths as a `DecodingError` names them.
 class JSONPlaces {
  public:
-  /// The text must be one that `JSONDecoder` reads, and must outlive this object.
+  /// The text must outlive this object. Of one that `JSONDecoder` does not read, what stands before its fault is known.
   explicit JSONPlaces(std::string_view text);
 
   /// Where the member's key or the array's element begins. For what is not there: where that begins which it would be
   /// in.
   TextPlace of(std::string_view keyPath) const;
 
-  /// A member of an object that has a member of this name already. The decoder takes the last of them.
+  /// A member of an object that has a member of this name already. The decoder takes the last of them, and its places
+  /// are the known ones.
   struct Repetition {
     std::string keyPath;
     TextPlace place;

@@ -39,7 +39,7 @@ bool isIdentifier(std::string_view word) {
   });
 }
 
-bool isKeyPath(std::string_view word) {
+bool areIdentifiers(std::string_view word) {
   for (auto dot = word.find('.'); dot != word.npos; dot = word.find('.')) {
     if (!isIdentifier(word.substr(0, dot))) {
       return false;
@@ -273,7 +273,7 @@ class PredicateParser {
       take();
       return *truth;
     }
-    if (isReserved(word) || !isKeyPath(token_.source)) {
+    if (!NSPredicate::isKeyPath(token_.source)) {
       fail(expected);
     }
     return NSPredicate::KeyPath{std::string(take().source)};
@@ -447,6 +447,11 @@ NSPredicate::NSPredicate(std::string_view format, std::span<const Argument> argu
 
 NSPredicate::NSPredicate(std::string_view format, std::initializer_list<Argument> arguments)
     : NSPredicate(format, std::span<const Argument>(arguments.begin(), arguments.size())) {}
+
+bool NSPredicate::isKeyPath(std::string_view text) {
+  const std::string word = uppercased(text);
+  return !isReserved(word) && !truthValue(word) && areIdentifiers(text);
+}
 
 std::string NSPredicate::predicateFormat() const {
   return std::visit([](const auto& node) { return formatOf(node); }, *node_);

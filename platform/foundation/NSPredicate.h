@@ -63,6 +63,10 @@ class NSPredicate {
   explicit NSPredicate(std::string_view format, std::span<const Argument> arguments = {});
   NSPredicate(std::string_view format, std::initializer_list<Argument> arguments);
 
+  /// Whether a format can name the key path: words of ASCII letters, digits and "_", none of which begins with a digit,
+  /// with dots between them. A word that means something in formats, such as `in` or `yes`, is no key path.
+  static bool isKeyPath(std::string_view text);
+
   const Node& node() const { return *node_; }
 
   /// The predicate as a format string without arguments, which parses to the same tree.

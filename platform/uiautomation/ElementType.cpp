@@ -1,6 +1,5 @@
 #include "platform/uiautomation/ElementType.h"
 
-#include <algorithm>
 #include <array>
 #include <cstddef>
 
@@ -97,6 +96,37 @@ static_assert(NAMES.size() == static_cast<std::size_t>(ElementType::statusItem) 
 static_assert(NAMES[static_cast<std::size_t>(ElementType::cell)] == "Cell");
 static_assert(NAMES[static_cast<std::size_t>(ElementType::staticText)] == "StaticText");
 
+/// A hash table of the names, half empty and more, so that a look-up seldom meets another name. Screens have thousands
+/// of types to look up.
+constexpr std::size_t SLOTS = 256;
+constexpr std::uint8_t NO_TYPE = 0xFF;
+
+constexpr std::size_t slotOf(std::string_view name) {
+  // FNV-1a
+  std::uint32_t hash = 2166136261;
+  for (const char letter : name) {
+    hash = (hash ^ static_cast<unsigned char>(letter)) * 16777619;
+  }
+  return hash % SLOTS;
+}
+
+constexpr std::size_t slotBehind(std::size_t slot) {
+  return (slot + 1) % SLOTS;
+}
+
+constexpr std::array TYPES_BY_SLOT = [] {
+  std::array<std::uint8_t, SLOTS> types{};
+  types.fill(NO_TYPE);
+  for (std::size_t type = 0; type < NAMES.size(); ++type) {
+    std::size_t slot = slotOf(NAMES[type]);
+    while (types[slot] != NO_TYPE) {
+      slot = slotBehind(slot);
+    }
+    types[slot] = static_cast<std::uint8_t>(type);
+  }
+  return types;
+}();
+
 }  // namespace
 
 std::string_view nameOf(ElementType type) {
@@ -104,11 +134,12 @@ std::string_view nameOf(ElementType type) {
 }
 
 std::optional<ElementType> elementTypeNamed(std::string_view name) {
-  const auto found = std::find(NAMES.begin(), NAMES.end(), name);
-  if (found == NAMES.end()) {
-    return std::nullopt;
+  for (std::size_t slot = slotOf(name); TYPES_BY_SLOT[slot] != NO_TYPE; slot = slotBehind(slot)) {
+    if (NAMES[TYPES_BY_SLOT[slot]] == name) {
+      return static_cast<ElementType>(TYPES_BY_SLOT[slot]);
+    }
   }
-  return static_cast<ElementType>(found - NAMES.begin());
+  return std::nullopt;
 }
 
 }  // namespace quobrak

@@ -46,6 +46,7 @@ const std::vector<Library>& libraries() {
       {{"unicode/"}, {"platform/foundation/icu/", "tests/drivers/xctest/standins/", "benchmarks/"}},
       {{"Foundation/", "XCTest/", "objc/", "Block.h"}, {"drivers/xctest/", "tests/drivers/xctest/", "benchmarks/"}},
       {{"nlohmann/", "simdjson.h"}, {"platform/foundation/JSON.cpp", "platform/foundation/JSONPlaces.cpp"}},
+      {{"fribidi", "hb"}, {"drivers/simulator/"}},
       {{"cairo", "ft2build.h", "FT_FREETYPE_H", "freetype/", "png.h"},
        {"drivers/simulator/", "tests/drivers/simulator/", "benchmarks/"}},
       {{"pugixml.hpp"},

@@ -36,8 +36,34 @@ TEST(RequestHandler, RefusesAnotherSession) {
 TEST(RequestHandler, RefusesABodyThatIsNoJsonObject) {
   TestPhone phone;
   EXPECT_EQ(phone.post("session/wda/tap", "[1]"), "invalid argument: the body must be a JSON object");
-  EXPECT_EQ(phone.post("session/wda/tap", "{"),
-            "invalid argument: the body is no JSON: line 1, column 2: the text ends too early");
+  EXPECT_EQ(
+      phone.post("session/wda/tap", "{"),
+      "invalid argument: the body is no JSON: line 1, column 2: the text ends too early; expected a key in double "
+      "quotes");
+}
+
+TEST(RequestHandler, LetsHappenWhatHasComeDueBeforeItAnswers) {
+  TestPhone phone(
+      R"(<Button name="a" label="early"/>)",
+      R"([{"on": "time", "after": 1000, "do": [{"change": "identifier == 'a'", "to": {"label": "late"}}]}])");
+  const std::string label = "session/element/" + phone.id("a") + "/attribute/label";
+  phone.clock().usleep(999'000);
+  EXPECT_EQ(phone.get(label), "'early'");
+  phone.clock().usleep(1'000);
+  EXPECT_EQ(phone.get(label), "'late'");
+}
+
+TEST(RequestHandler, RulesWithoutEndAreAnErrorOfTheRequest) {
+  TestPhone phone("", R"([{"on": "time", "screen": "start", "after": 0, "when": {"on": "1"}, "do": [{"show": "start"}]},
+                          {"on": "time", "after": 500, "do": [{"set": {"on": "1"}}, {"show": "start"}]}])");
+  EXPECT_EQ(phone.get("session/orientation"), "'PORTRAIT'");
+  phone.clock().usleep(500'000);
+  const Reply reply = phone.reply("GET", "session/orientation");
+  EXPECT_EQ(reply.status, 500);
+  EXPECT_EQ(
+      reply.body,
+      R"({"sessionId":"S","value":{"error":"unknown error","message":"the rules of \"com.example.test\" set each )"
+      R"(other off without end","stacktrace":"","traceback":""}})");
 }
 
 TEST(RequestHandler, TakesNoBodyForAnEmptyOne) {

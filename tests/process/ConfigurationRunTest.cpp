@@ -134,10 +134,10 @@ TEST_F(ConfigurationRun, RefusesAPhoneThatIsNotThere) {
 
 TEST_F(ConfigurationRun, RefusesAPhoneThatIsDamaged) {
   phone.write("test/app.json", R"({"bundleIdentifier": "com.example.test", "name": "Test"})");
-  expectRefusal("configuration error: " + phone.path().string() + "/test/app.json: firstScreen: missing");
+  expectRefusal("configuration error: " + phone.path().string() + "/test/app.json:1:1: firstScreen: missing");
   phone.write("phone.json", "{");
   expectRefusal("configuration error: " + phone.path().string() +
-                "/phone.json: line 1, column 2: the text ends too early");
+                "/phone.json:1:2: the text ends too early; expected a key in double quotes");
 }
 
 TEST_F(ConfigurationRun, DrawsThePhoneThatIsNamed) {

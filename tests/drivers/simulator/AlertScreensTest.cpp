@@ -93,5 +93,23 @@ TEST(AlertWindow, OneButtonIsAsWideAsTheAlert) {
                                             "Button 'OK' 60,449 270x44"));
 }
 
+TEST(SheetWindow, LiesAlongTheLowerEdgeInAWindowOfTheWholeScreen) {
+  const auto window = sheetWindow({.title = "Title", .message = "Message", .buttons = {"A", "B"}}, SCREEN);
+  EXPECT_EQ(window->type, ElementType::window);
+  EXPECT_EQ(window->frame, (Rect{{0, 0}, SCREEN}));
+  EXPECT_THAT(partsOf(*window),
+              ElementsAre("Sheet 'Title' 8,608 374x202", "StaticText 'Title' 8,608 374x44",
+                          "StaticText 'Message' 8,652 374x44", "Button 'A' 8,696 374x57", "Button 'B' 8,753 374x57"));
+}
+
+TEST(SheetWindow, MayDoWithoutATitleOrAMessage) {
+  EXPECT_THAT(partsOf(*sheetWindow({.title = "", .message = "", .buttons = {"A"}}, SCREEN)),
+              ElementsAre("Sheet '' 8,753 374x57", "Button 'A' 8,753 374x57"));
+  EXPECT_THAT(partsOf(*sheetWindow({.title = "", .message = "Message", .buttons = {"A"}}, SCREEN)),
+              ElementsAre("Sheet '' 8,709 374x101", "StaticText 'Message' 8,709 374x44", "Button 'A' 8,753 374x57"));
+  EXPECT_THAT(partsOf(*sheetWindow({.title = "Title", .message = "", .buttons = {"A"}}, SCREEN)),
+              ElementsAre("Sheet 'Title' 8,709 374x101", "StaticText 'Title' 8,709 374x44", "Button 'A' 8,753 374x57"));
+}
+
 }  // namespace
 }  // namespace quobrak::simulator

@@ -2,10 +2,17 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstddef>
+#include <iterator>
 #include <memory>
+#include <random>
 #include <string>
+#include <vector>
 
+#include "drivers/simulator/HitTest.h"
 #include "drivers/simulator/PageSource.h"
+#include "drivers/simulator/Rectangles.h"
 
 namespace quobrak::simulator {
 namespace {
@@ -101,6 +108,89 @@ TEST(HiddenElements, ATreesRootIsNeverHidden) {
   EXPECT_FALSE(screen->isHidden);
   const auto wrapped = readPageSource(R"(<Button visible="false" x="0" y="0" width="100" height="200"/>)", SCREEN);
   EXPECT_TRUE(wrapped->children().front()->isHidden);
+}
+
+using Elements = std::vector<Element*>;
+
+bool isAmong(const Elements& elements, const Element* element) {
+  return std::find(elements.begin(), elements.end(), element) != elements.end();
+}
+
+bool isInVisibleRow(const Element& element, const Elements& invisible) {
+  const Element* row = element.parent();
+  while (row != nullptr && row->type != ElementType::cell) {
+    row = row->parent();
+  }
+  return row != nullptr && !isAmong(invisible, row) && contains(row->frame, *hitPoint(element));
+}
+
+bool holdsVisible(const Element& element, const Elements& invisible) {
+  bool isFound = false;
+  forEachDescendant(element, [&](const Element& below) { isFound = isFound || !isAmong(invisible, &below); });
+  return isFound;
+}
+
+/// What is to be hidden, each element looked at on its own.
+Elements hiddenOneByOne(Element& root, const Elements& invisible) {
+  Elements candidates;
+  std::copy_if(invisible.begin(), invisible.end(), std::back_inserter(candidates), [&](const Element* element) {
+    return element != &root && hitPoint(*element) && !isInVisibleRow(*element, invisible) &&
+           !holdsVisible(*element, invisible);
+  });
+  for (Element* const element : candidates) {
+    element->isHidden = true;
+  }
+  Elements hidden;
+  std::copy_if(candidates.begin(), candidates.end(), std::back_inserter(hidden),
+               [](const Element* element) { return !isCovered(*element); });
+  for (Element* const element : candidates) {
+    element->isHidden = false;
+  }
+  return hidden;
+}
+
+/// A screen of elements that overlap at random, and those of them that are called invisible.
+struct RandomScreen {
+  explicit RandomScreen(unsigned seed) {
+    constexpr ElementType TYPES[] = {ElementType::other, ElementType::button, ElementType::cell, ElementType::table,
+                                     ElementType::alert, ElementType::cell,   ElementType::other};
+    std::mt19937 generator(seed);
+    const auto below = [&generator](std::size_t end) { return static_cast<std::size_t>(generator() % end); };
+    root->frame = {{0, 0}, SCREEN};
+    Elements parents{root.get()};
+    for (int count = 0; count < 60; ++count) {
+      Element& element = parents[below(parents.size())]->append(TYPES[below(std::size(TYPES))]);
+      const auto length = [&below] { return 12.5 * static_cast<double>(below(9)); };
+      element.frame = {{length() - 10, length() - 10}, {length(), length()}};
+      element.label = below(3) == 0 ? "named" : "";
+      parents.push_back(&element);
+    }
+    forEachDescendant(*root, [&](Element& element) {
+      if (below(2) == 0) {
+        invisible.push_back(&element);
+      }
+    });
+  }
+
+  std::unique_ptr<Element> root = std::make_unique<Element>(ElementType::application);
+  Elements invisible;
+};
+
+TEST(HiddenElements, AreFoundTogetherAsOneByOne) {
+  std::size_t hidden = 0;
+  std::size_t seen = 0;
+  for (unsigned seed = 1; seed <= 300; ++seed) {
+    const RandomScreen screen(seed);
+    const Elements expected = hiddenOneByOne(*screen.root, screen.invisible);
+    hideInvisible(*screen.root, screen.invisible);
+    forEachDescendant(*screen.root, [&](Element& element) {
+      EXPECT_EQ(element.isHidden, isAmong(expected, &element)) << "screen " << seed << ", element " << element.number;
+    });
+    hidden += expected.size();
+    seen += screen.invisible.size() - expected.size();
+  }
+  EXPECT_GT(hidden, 500);
+  EXPECT_GT(seen, 1000);
 }
 
 }  // namespace

@@ -14,6 +14,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace quobrak::simulator {
@@ -281,6 +282,171 @@ TEST(ScreenPainter, DrawsABoxForACharacterThatTheFontLacks) {
   EXPECT_EQ(changes("日"), changes("本"));
   EXPECT_GT(changes("\xFF"), 0);
   EXPECT_EQ(changes(" "), 0);
+}
+
+TEST(ScreenPainter, DrawsACharacterOfSeveralCodePointsThatTheFontLacksAsOneBox) {
+  const auto pictureOfText = [](const std::string& label) {
+    const auto root = emptyScreen();
+    add(*root, ElementType::staticText, MIDDLE, label);
+    return pictureOf(*root).pixels;
+  };
+
+  EXPECT_EQ(pictureOfText("👋🏽"), pictureOfText("日"));
+  EXPECT_NE(pictureOfText("👋🏽"), pictureOfText("日本"));
+}
+
+TEST(ScreenPainter, DrawsTextAtTheSideOfItsFrameWhereItBegins) {
+  constexpr Rect LEFT_HALF{{20, 100}, {80, 50}};
+  constexpr Rect RIGHT_HALF{{100, 100}, {80, 50}};
+  const struct {
+    std::string label;
+    Rect half;
+  } rows[] = {
+      {"abc", LEFT_HALF},
+      {"12", LEFT_HALF},
+      {"سلام", RIGHT_HALF},
+      {"שלום", RIGHT_HALF},
+  };
+  for (const auto& row : rows) {
+    for (const ElementType type : {ElementType::staticText, ElementType::link}) {
+      const auto root = emptyScreen();
+      const Picture empty = pictureOf(*root);
+      add(*root, type, MIDDLE, row.label);
+      const Differences changes = differences(empty, pictureOf(*root), row.half);
+      EXPECT_GT(changes.inside, 0) << row.label << ", " << nameOf(type);
+      EXPECT_EQ(changes.outside, 0) << row.label << ", " << nameOf(type);
+    }
+  }
+}
+
+TEST(ScreenPainter, DrawsALineInTheOrderInWhichItStands) {
+  const auto pictureOfText = [](const std::string& label) {
+    const auto root = emptyScreen();
+    add(*root, ElementType::staticText, MIDDLE, label);
+    return pictureOf(*root).pixels;
+  };
+
+  // U+202E turns the direction of what follows.
+  EXPECT_EQ(pictureOfText("\u202Ecba"), pictureOfText("abc"));
+  EXPECT_NE(pictureOfText("cba"), pictureOfText("abc"));
+}
+
+TEST(ScreenPainter, DrawsAMarkAtItsLetter) {
+  // Above the bowl of the letter, where the font has moved it up and to the right.
+  constexpr Rect OVER_THE_LETTER{{160, 102}, {12, 12}};
+  const auto root = emptyScreen();
+  Element& text = add(*root, ElementType::staticText, MIDDLE, "ك");
+  const Picture without = pictureOf(*root);
+  text.label = "كُ";
+  const Picture with = pictureOf(*root);
+
+  const Differences changes = differences(without, with, OVER_THE_LETTER);
+
+  EXPECT_GT(changes.inside, 0);
+  EXPECT_EQ(changes.outside, 0);
+}
+
+TEST(ScreenPainter, DrawsALetterDifferentlyWhereItIsJoined) {
+  const auto pixelsOfText = [](const std::string& label) {
+    return changesOf(ElementType::staticText, MIDDLE, [&](Element& element) { element.label = label; }).inside;
+  };
+
+  // A mark that keeps letters apart is not seen itself.
+  EXPECT_NE(pixelsOfText("بب"), pixelsOfText("ب\u200Cب"));
+}
+
+TEST(ScreenPainter, PutsTheCaretWhereTheTextGoesOn) {
+  constexpr std::uint32_t TINT_PIXEL = 0x007AFF;
+  const auto caretOf = [](const std::string& placeholder, const std::string& typed) {
+    const auto root = emptyScreen();
+    Element& field = add(*root, ElementType::textField, MIDDLE);
+    field.placeholder = placeholder;
+    field.value = typed;
+    field.hasKeyboardFocus = true;
+    const Picture picture = pictureOf(*root);
+    double x = MIDDLE.origin.x + 5;
+    while (x < MIDDLE.origin.x + MIDDLE.size.width - 5 && picture.at(x, 125) != TINT_PIXEL) {
+      x += 0.5;
+    }
+    return x;
+  };
+
+  EXPECT_EQ(caretOf("Name", ""), 30);
+  EXPECT_EQ(caretOf("سلام", ""), 168);
+  EXPECT_GT(caretOf("Name", "abc"), 40);
+  EXPECT_LT(caretOf("Name", "abc"), 80);
+  EXPECT_GT(caretOf("Name", "سلام"), 110);
+  EXPECT_LT(caretOf("Name", "سلام"), 160);
+  EXPECT_LT(caretOf("Name", "سلام سلام سلام سلام سلام سلام سلام سلام سلام"), 40);
+}
+
+TEST(ScreenPainter, MirrorsTheArrowOfARowThatReadsFromRightToLeft) {
+  // Only the row's left part is on the screen, and its text is not.
+  constexpr Rect ROW{{0, 100}, {260, 50}};
+  constexpr Rect ELSEWHERE{{0, 500}, {100, 20}};
+  constexpr Rect ARROW{{14, 117}, {10, 16}};
+  const auto root = emptyScreen();
+  Element& row = add(*root, ElementType::cell, ROW);
+  Element& text = add(row, ElementType::staticText, ELSEWHERE, "abc");
+  add(row, ElementType::staticText, ELSEWHERE, "the text that comes first decides");
+  const Picture leftToRight = pictureOf(*root);
+  text.label = "سلام";
+
+  const Differences changes = differences(leftToRight, pictureOf(*root), ARROW);
+
+  EXPECT_GT(changes.inside, 0);
+  EXPECT_EQ(changes.outside, 0);
+}
+
+TEST(ScreenPainter, PutsARowsValueAtTheEndOfItsLabel) {
+  constexpr Rect LEFT{{20, 100}, {60, 50}};
+  constexpr Rect RIGHT{{120, 100}, {60, 50}};
+  for (const auto& [label, end] : {std::pair{"abc", RIGHT}, std::pair{"سلام", LEFT}}) {
+    const auto root = emptyScreen();
+    Element& row = add(*root, ElementType::cell, MIDDLE, label);
+    const Picture without = pictureOf(*root);
+    row.value = "7";
+    const Differences changes = differences(without, pictureOf(*root), end);
+    EXPECT_GT(changes.inside, 0) << label;
+    EXPECT_EQ(changes.outside, 0) << label;
+  }
+}
+
+TEST(ScreenPainter, MirrorsTheArrowOfAChevronInARowThatReadsFromRightToLeft) {
+  constexpr Rect CHEVRON{{100, 110}, {20, 30}};
+  constexpr Rect ARROW{{105, 117}, {10, 16}};
+  constexpr Rect ELSEWHERE{{0, 500}, {100, 20}};
+  const auto root = emptyScreen();
+  Element& row = add(*root, ElementType::cell, MIDDLE);
+  Element& text = add(row, ElementType::staticText, ELSEWHERE, "abc");
+  add(row, ElementType::button, CHEVRON, "chevron");
+  const Picture leftToRight = pictureOf(*root);
+  text.label = "سلام";
+
+  const Differences changes = differences(leftToRight, pictureOf(*root), ARROW);
+
+  EXPECT_GT(changes.inside, 0);
+  EXPECT_EQ(changes.outside, 0);
+}
+
+TEST(ScreenPainter, MirrorsTheArrowOfTheWayBackThatReadsFromRightToLeft) {
+  constexpr Rect BAR{{0, 100}, {200, 50}};
+  const auto root = emptyScreen();
+  Element& bar = add(*root, ElementType::navigationBar, BAR);
+  Element& back = add(bar, ElementType::button, MIDDLE, "abc");
+  back.identifier = "BackButton";
+  const auto plain = [&] { return pictureOf(*root).at(100, 102); };
+  const auto atLeft = [&] { return pictureOf(*root).at(22.5, 125); };
+  const auto atRight = [&] { return pictureOf(*root).at(177.5, 125); };
+  const auto behindRight = [&] { return pictureOf(*root).at(170, 117); };
+
+  EXPECT_NE(atLeft(), plain());
+  EXPECT_EQ(atRight(), plain());
+  EXPECT_EQ(behindRight(), plain());
+  back.label = "سلام";
+  EXPECT_EQ(atLeft(), plain());
+  EXPECT_NE(atRight(), plain());
+  EXPECT_NE(behindRight(), plain());
 }
 
 TEST(ScreenPainter, DrawsAnElementDifferentlyInEachOfItsStates) {

@@ -259,5 +259,93 @@ TEST_F(Scrolling, ASwipeCountsOnlyWhatIsSeen) {
   EXPECT_EQ(placeOf("b"), (Point{-75, 0}));
 }
 
+TEST_F(Scrolling, WhoseContentMovedIsTold) {
+  show(NESTED);
+  EXPECT_EQ(dragContent(named("row"), {.dx = 0, .dy = -30}), &named("inner"));
+  EXPECT_EQ(dragContent(named("row"), {.dx = 0, .dy = -30}), &named("page"));
+  EXPECT_EQ(dragContent(named("first"), LEFT), &named("strip"));
+  EXPECT_EQ(dragContent(named("first"), UP), &named("page"));
+  EXPECT_EQ(dragContent(named("end"), LEFT), nullptr);
+  show(NESTED);
+  EXPECT_EQ(swipeContent(named("row"), SwipeDirection::up, WHOLE), &named("inner"));
+  EXPECT_EQ(swipeContent(named("row"), SwipeDirection::up, WHOLE), &named("page"));
+  EXPECT_EQ(swipeContent(named("row"), SwipeDirection::left, WHOLE), nullptr);
+}
+
+TEST_F(Scrolling, AShiftedElementTakesAllAlong) {
+  show(list());
+  shift(named("1"), {.dx = 2.5, .dy = -7});
+  EXPECT_EQ(named("1").frame, (Rect{{2.5, 43}, {100, 60}}));
+  EXPECT_EQ(named("in 1").frame, (Rect{{7.5, 48}, {9, 9}}));
+  EXPECT_EQ(placeOf("2"), (Point{0, 110}));
+  EXPECT_EQ(placeOf("list"), (Point{0, 50}));
+}
+
+TEST_F(Scrolling, AnEndIsWhereTheContentCanGoNoFurther) {
+  show(list());
+  EXPECT_TRUE(isScrolledTo(named("list"), ScrollEnd::start));
+  EXPECT_FALSE(isScrolledTo(named("list"), ScrollEnd::end));
+  dragContent(named("1"), UP);
+  EXPECT_FALSE(isScrolledTo(named("list"), ScrollEnd::start));
+  EXPECT_FALSE(isScrolledTo(named("list"), ScrollEnd::end));
+  dragContent(named("1"), FAR_UP);
+  EXPECT_FALSE(isScrolledTo(named("list"), ScrollEnd::start));
+  EXPECT_TRUE(isScrolledTo(named("list"), ScrollEnd::end));
+  dragContent(named("1"), FAR_DOWN);
+  EXPECT_TRUE(isScrolledTo(named("list"), ScrollEnd::start));
+}
+
+TEST_F(Scrolling, TheEndsAreThoseSidewaysWhereItOnlyScrollsThere) {
+  show(R"(<CollectionView name="list" x="0" y="0" width="100" height="50">
+      <Cell name="1" x="0" y="0" width="300" height="50"/></CollectionView>)");
+  EXPECT_TRUE(isScrolledTo(named("list"), ScrollEnd::start));
+  EXPECT_FALSE(isScrolledTo(named("list"), ScrollEnd::end));
+  dragContent(named("1"), FAR_LEFT);
+  EXPECT_FALSE(isScrolledTo(named("list"), ScrollEnd::start));
+  EXPECT_TRUE(isScrolledTo(named("list"), ScrollEnd::end));
+}
+
+TEST_F(Scrolling, OfBothDirectionsTheEndsAreThoseUpAndDown) {
+  show(R"(<ScrollView name="map" x="0" y="0" width="100" height="100">
+      <Image name="content" x="0" y="0" width="300" height="300"/></ScrollView>)");
+  dragContent(named("content"), FAR_LEFT);
+  EXPECT_TRUE(isScrolledTo(named("map"), ScrollEnd::start));
+  EXPECT_FALSE(isScrolledTo(named("map"), ScrollEnd::end));
+  dragContent(named("content"), FAR_UP);
+  EXPECT_TRUE(isScrolledTo(named("map"), ScrollEnd::end));
+}
+
+TEST_F(Scrolling, AnEndClearOfABarIsOne) {
+  show(list() + R"(<TabBar x="0" y="130" width="100" height="30"/>)");
+  dragContent(named("1"), {.dx = 0, .dy = -80});
+  EXPECT_FALSE(isScrolledTo(named("list"), ScrollEnd::end)) << "the last row is still behind the bar";
+  dragContent(named("1"), FAR_UP);
+  EXPECT_TRUE(isScrolledTo(named("list"), ScrollEnd::end));
+}
+
+TEST_F(Scrolling, WhatDoesNotScrollHasNoEnds) {
+  show(R"(<ScrollView name="list" x="0" y="0" width="100" height="100">
+      <Cell name="1" x="0" y="0" width="100" height="100"/></ScrollView><ScrollView name="empty"/>)");
+  for (const ScrollEnd end : {ScrollEnd::start, ScrollEnd::end}) {
+    EXPECT_FALSE(isScrolledTo(named("list"), end));
+    EXPECT_FALSE(isScrolledTo(named("empty"), end));
+  }
+}
+
+TEST_F(Scrolling, TheLowerEdgeOfContent) {
+  show(list() + R"(<Other name="empty" x="0" y="30" width="10" height="10"/>
+      <ScrollView name="outer" x="0" y="0" width="100" height="50">
+        <Other x="0" y="0" width="0" height="900"/>
+        <Table x="0" y="10" width="100" height="20"><Cell x="0" y="0" width="100" height="500"/></Table>
+        <Other x="0" y="0" width="100" height="5"><Button x="0" y="20" width="10" height="25"/></Other></ScrollView>
+      <Other name="above" x="0" y="100" width="10" height="10"><Button x="0" y="0" width="10" height="10"/></Other>)");
+  EXPECT_EQ(lowerEdgeOfContent(named("list")), 230);
+  EXPECT_EQ(lowerEdgeOfContent(named("empty")), 30);
+  EXPECT_EQ(lowerEdgeOfContent(named("outer")), 45) << "what is in a list of its own, or without extent, is no part";
+  EXPECT_EQ(lowerEdgeOfContent(named("above")), 100) << "its own upper edge, where all is above that";
+  dragContent(named("1"), UP);
+  EXPECT_EQ(lowerEdgeOfContent(named("list")), 220);
+}
+
 }  // namespace
 }  // namespace quobrak::simulator

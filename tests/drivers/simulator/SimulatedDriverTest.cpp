@@ -46,7 +46,7 @@ const XCUIApplication HOME("com.apple.springboard");
 const XCUIApplication OTHER("com.example.other");
 
 constexpr const char* PAGE = R"(
-  <Button name="ok" label="OK" value="1" x="0" y="0" width="50" height="50"/>
+  <Button name="ok" label="OK" value="1" selected="false" x="0" y="0" width="50" height="50"/>
   <Other name="group">
     <Other name="inner"><StaticText name="note" label="Lamp" value="Lamp" x="0" y="50" width="50" height="20"/></Other>
   </Other>
@@ -527,6 +527,205 @@ TEST_F(SimulatedDriverTest, APatternOfARuleThatBacktracksForEverFailsTypingItsRe
   expectFailure([] { APP.typeText("a\n"); },
                 R"(typeText of the application "com.example.test" on the simulated phone: the regular expression )"
                 R"("(a+)+b" was given up: it takes too long on this text)");
+}
+
+// What time brings.
+
+/// The page after 100 ms.
+constexpr const char* LATE_PAGE =
+    R"(<TextField name="late" label="Late" value="in time" x="0" y="0" width="50" height="20"/>
+  <Button name="button" label="Late" x="0" y="20" width="50" height="20"/>)";
+
+/// A phone on which time has passed that nobody has asked about yet.
+class TimeTest : public SimulatedDriverTest {
+ protected:
+  /// `rules` apply besides the one that shows `LATE_PAGE`.
+  void startAndWait(const std::string& rules = "", std::chrono::milliseconds time = 100ms) {
+    quobrak::testing::MemoryPhoneFiles files =
+        quobrak::testing::smallPhone(PAGE, R"([{"on": "time", "after": 100, "do": [{"show": "late"}]})" + rules + "]");
+    files["test/late.xml"] = LATE_PAGE;
+    platform_.emplace(files);
+    APP.launch();
+    started_ = platform_->elapsed();
+    pass(time);
+  }
+
+  static void pass(std::chrono::milliseconds time) {
+    Clock::shared().usleep(static_cast<std::uint32_t>(std::chrono::microseconds(time).count()));
+  }
+
+  /// As it is, before anyone lets time pass.
+  std::string shownScreen() const { return platform_->phone().running("com.example.test")->screenName; }
+};
+
+TEST_F(TimeTest, HappensBeforeEachQuestion) {
+  const XCUIElement late = named("late");
+  const std::function<void()> QUESTIONS[] = {
+      [&] { EXPECT_EQ(APP.descendants(ElementType::textField).matchingIdentifier("late").count(), 1); },
+      [&] { EXPECT_TRUE(late.exists()); },
+      [&] { EXPECT_EQ(late.label(), "Late"); },
+      [&] { EXPECT_EQ(late.identifier(), "late"); },
+      [&] { EXPECT_EQ(late.value(), ElementValue("in time")); },
+      [&] {
+        EXPECT_EQ(late.frame(), (Rect{{0, 0}, {50, 20}}));
+      },
+      [&] { EXPECT_TRUE(late.isHittable()); },
+      [&] { EXPECT_THAT(late.debugDescription(), StartsWith("Attributes: TextField, ")); },
+      [&] { EXPECT_EQ(driver().waitForExistence(late, 0s), XCTWaiterResult::completed); },
+      [&] {
+        EXPECT_EQ(driver().waitForPredicate(late, NSPredicate("exists == TRUE"), 0s), XCTWaiterResult::completed);
+      },
+  };
+  for (const auto& question : QUESTIONS) {
+    startAndWait();
+    ASSERT_EQ(shownScreen(), "start") << "nobody has asked";
+    question();
+    EXPECT_EQ(elapsed(), 100ms);
+  }
+}
+
+TEST_F(TimeTest, HappensBeforeEachAction) {
+  const XCUIElement late = named("late");
+  const std::function<void()> ACTIONS[] = {
+      [&] { late.tap(); },
+      [&] { late.press(1ms); },
+      [&] { late.swipe(SwipeDirection::up); },
+      [&] {
+        late.coordinate({0.5, 0.5}).tap();
+      },
+      [&] {
+        late.coordinate({0.5, 0.5}).press(1ms);
+      },
+      [&] {
+        late.coordinate({0.5, 0.5}).pressThenDrag(0s, late.coordinate({0.5, 0.9}));
+      },
+      [&] { driver().terminate("com.example.none"); },
+      [&] { XCUIDevice::sharedDevice().pressButton(XCUIDeviceButton::volumeUp); },
+      [&] { EXPECT_TRUE(XCUIScreen::mainScreen().pngScreenshot()); },
+      [&] { EXPECT_THROW(OTHER.launch(), UIAutomationError); },
+      [&] { EXPECT_THROW(late.typeText("a"), UIAutomationError) << "it is there, without the focus"; },
+  };
+  for (const auto& action : ACTIONS) {
+    startAndWait();
+    ASSERT_EQ(shownScreen(), "start") << "nobody has acted";
+    EXPECT_NO_THROW(action());
+    EXPECT_EQ(shownScreen(), "late");
+  }
+}
+
+TEST_F(TimeTest, IsSeenInAPicture) {
+  startAndWait("", 99ms);
+  const std::optional<Data> before = XCUIScreen::mainScreen().pngScreenshot();
+  pass(1ms);
+  EXPECT_NE(XCUIScreen::mainScreen().pngScreenshot(), before);
+}
+
+TEST_F(TimeTest, GoesOnWhileAWaitLooksAgainAndAgain) {
+  startAndWait("", 0ms);
+  EXPECT_EQ(driver().waitForExistence(named("late"), 99ms), XCTWaiterResult::timedOut);
+  EXPECT_EQ(driver().waitForExistence(named("late"), 1s), XCTWaiterResult::completed);
+  EXPECT_EQ(elapsed(), 149ms) << "fifty more, as often as a wait looks";
+  startAndWait("", 30ms);
+  EXPECT_EQ(driver().waitForPredicate(named("late"), NSPredicate("value == 'in time'"), 1s),
+            XCTWaiterResult::completed);
+  EXPECT_EQ(elapsed(), 130ms);
+  EXPECT_EQ(driver().waitForPredicate(named("ok"), NSPredicate("exists == FALSE"), 1s), XCTWaiterResult::completed);
+}
+
+// Rules without end.
+
+constexpr const char* ENDLESS = "the rules of \"com.example.test\" set each other off without end";
+
+TEST_F(TimeTest, RulesOfTimeWithoutEndFailEveryOperation) {
+  const XCUIElement ok = named("ok");
+  const XCUICoordinate point = ok.coordinate({0.5, 0.5});
+  const std::string okText =
+      R"(the element (single) of the descendants, keyed "ok" of the application "com.example.test")";
+  const std::string pointText = "the point (0.5, 0.5) of " + okText;
+  struct Row {
+    std::string operation;
+    std::function<void()> carryOut;
+  };
+  const Row ROWS[] = {
+      {"launch of the application \"com.example.test\"", [] { APP.launch(); }},
+      {"terminate of the application \"com.example.test\"", [] { APP.terminate(); }},
+      {"count of the Button descendants of the application \"com.example.test\"", [] { APP.buttons().count(); }},
+      {"exists of " + okText, [&] { ok.exists(); }},
+      {"label of " + okText, [&] { ok.label(); }},
+      {"identifier of " + okText, [&] { ok.identifier(); }},
+      {"value of " + okText, [&] { ok.value(); }},
+      {"frame of " + okText, [&] { ok.frame(); }},
+      {"isHittable of " + okText, [&] { ok.isHittable(); }},
+      {"debugDescription of " + okText, [&] { ok.debugDescription(); }},
+      {"waitForExistence of " + okText, [&] { ok.waitForExistence(1s); }},
+      {"waitForPredicate of " + okText, [&] { driver().waitForPredicate(ok, NSPredicate("enabled == TRUE"), 1s); }},
+      {"tap of " + okText, [&] { ok.tap(); }},
+      {"press of " + okText, [&] { ok.press(1s); }},
+      {"typeText of " + okText, [&] { ok.typeText("a"); }},
+      {"swipe of " + okText, [&] { ok.swipe(SwipeDirection::up); }},
+      {"tap of " + pointText, [&] { point.tap(); }},
+      {"press of " + pointText, [&] { point.press(1s); }},
+      {"pressThenDrag of " + pointText, [&] { point.pressThenDrag(1s, point); }},
+      {"pressButton of a button", [] { XCUIDevice::sharedDevice().pressButton(XCUIDeviceButton::home); }},
+      {"screenshot of the phone \"Small phone\"", [] { XCUIScreen::mainScreen().pngScreenshot(); }},
+  };
+  for (const auto& [operation, carryOut] : ROWS) {
+    startAndWait(R"(, {"on": "time", "screen": "late", "after": 0, "do": [{"show": "late"}]})");
+    expectFailure(carryOut, operation + " on the simulated phone: " + ENDLESS);
+  }
+}
+
+TEST_F(TimeTest, RulesWithoutEndThatBeginDuringAWaitFailIt) {
+  const std::string rule = R"(, {"on": "time", "screen": "late", "after": 0, "do": [{"show": "late"}]})";
+  const std::string reason = " of " + describe(named("nobody")) + " on the simulated phone: " + ENDLESS;
+  startAndWait(rule, 0ms);
+  expectFailure([] { named("nobody").waitForExistence(1s); }, "waitForExistence" + reason);
+  startAndWait(rule, 0ms);
+  expectFailure([this] { driver().waitForPredicate(named("nobody"), NSPredicate("exists == TRUE"), 1s); },
+                "waitForPredicate" + reason);
+}
+
+TEST_F(TimeTest, RulesWithoutEndThatAnActionSetsOffFailIt) {
+  constexpr const char* LIST_AND_FIELD = R"(<Table name="list" x="0" y="0" width="100" height="50">
+      <Cell name="row" x="0" y="0" width="100" height="400"/></Table>
+      <TextField name="field" x="0" y="60" width="100" height="20"/>
+      <Button name="button" x="0" y="90" width="100" height="20"/>)";
+  const auto start = [this](const std::string& event) {
+    quobrak::testing::MemoryPhoneFiles files = quobrak::testing::smallPhone(LIST_AND_FIELD, R"([{)" + event + R"(,
+        "do": [{"show": "one"}]},
+      {"on": "screen", "screen": "one", "do": [{"show": "two"}]}, {"on": "screen", "screen": "two", "do": [{"show": "one"}]}])");
+    files["test/one.xml"] = "<Window/>";
+    files["test/two.xml"] = "<Window/>";
+    platform_.emplace(files);
+  };
+  const std::string reason = std::string(" on the simulated phone: ") + ENDLESS;
+  const auto fails = [&](const std::string& event, const std::string& operation, const std::function<void()>& action) {
+    start(event);
+    APP.launch();
+    expectFailure(action, operation + reason);
+  };
+  start(R"("on": "launch")");
+  expectFailure([] { APP.launch(); }, "launch of the application \"com.example.test\"" + reason);
+
+  const std::string tap = R"("on": "tap", "element": "identifier == 'button'")";
+  const XCUIElement button = named("button");
+  const XCUICoordinate point = button.coordinate({0.5, 0.5});
+  fails(tap, "tap of " + describe(button), [&] { button.tap(); });
+  fails(tap, "press of " + describe(button), [&] { button.press(1s); });
+  fails(tap, "tap of " + describe(point), [&] { point.tap(); });
+  fails(tap, "press of " + describe(point), [&] { point.press(1s); });
+
+  const std::string scroll = R"("on": "scroll", "element": "identifier == 'list'")";
+  const XCUICoordinate row = named("list").coordinate({0.5, 0.5});
+  fails(scroll, "swipe of " + describe(named("list")), [] { named("list").swipe(SwipeDirection::up); });
+  fails(scroll, "pressThenDrag of " + describe(row), [&] {
+    row.pressThenDrag(0s, named("list").coordinate({0.5, 0.1}));
+  });
+
+  fails(R"("on": "text", "element": "identifier == 'field'")", "typeText of the application \"com.example.test\"", [] {
+    named("field").tap();
+    APP.typeText("a");
+  });
 }
 
 // Searches while the screen changes.

@@ -110,5 +110,26 @@ TEST(TextInput, TheBulletsOfACapturedSecureFieldAreItsCharacters) {
   EXPECT_EQ(secure.value, "•••••");
 }
 
+TEST(TextInput, ATextTakesThePlaceOfTheOneBefore) {
+  Field name("Ada");
+  setText(name, "Bob 👍🏽");
+  EXPECT_EQ(name.value, "Bob 👍🏽");
+  EXPECT_EQ(name.secret, "");
+  setText(name, "");
+  EXPECT_EQ(name.value, std::nullopt);
+}
+
+TEST(TextInput, TheTextOfASecureFieldIsKeptBehindBullets) {
+  Field secure("••••", ElementType::secureTextField);
+  setText(secure, "ä👍🏽");
+  EXPECT_EQ(secure.value, "••");
+  EXPECT_EQ(secure.secret, "ä👍🏽");
+  insertText(secure, "b");
+  EXPECT_EQ(secure.secret, "ä👍🏽b");
+  setText(secure, "");
+  EXPECT_EQ(secure.value, std::nullopt);
+  EXPECT_EQ(secure.secret, "");
+}
+
 }  // namespace
 }  // namespace quobrak::simulator

@@ -12,7 +12,7 @@ namespace {
 
 using testing::ElementsAre;
 
-// Each character is one wide. A capital stands for an ideograph.
+// Each character is one wide. A capital stands for an ideograph, an apostrophe is part of the character before it.
 std::vector<Glyph> glyphsOf(std::string_view text) {
   std::vector<Glyph> glyphs;
   for (const char character : text) {
@@ -24,7 +24,8 @@ std::vector<Glyph> glyphsOf(std::string_view text) {
     } else if (character >= 'A' && character <= 'Z') {
       kind = Glyph::Kind::IDEOGRAPH;
     }
-    glyphs.push_back({static_cast<unsigned char>(character), 1, kind});
+    glyphs.push_back(
+        {.index = static_cast<unsigned char>(character), .advance = 1, .kind = kind, .isAttached = character == '\''});
   }
   return glyphs;
 }
@@ -66,6 +67,9 @@ TEST(TextLayout, BreaksLinesWhereTheyMayBeBroken) {
       {"word AB", 6, {"word A", "B"}, false},
       {"wordA", 4, {"word", "A"}, false},
       {"wide", 0.5, {"w", "i", "d", "e"}, true},
+      {"lo'ng", 2, {"l", "o'", "ng"}, true},
+      {"l''ong", 2, {"l''", "on", "g"}, true},
+      {"AB'C", 2, {"A", "B'", "C"}, false},
   };
   for (const auto& row : rows) {
     const auto glyphs = glyphsOf(row.text);
@@ -97,6 +101,36 @@ TEST(TextLayout, ShortensALineToMakeRoomForItsEnding) {
   EXPECT_EQ(textOf(shortened(glyphsOf("one two"), ending, 7)), "one t..");
   EXPECT_EQ(textOf(shortened(glyphsOf("one two"), ending, 6)), "one..");
   EXPECT_EQ(textOf(shortened(glyphsOf("one"), ending, 1)), "..");
+  EXPECT_EQ(textOf(shortened(glyphsOf("on'e two"), ending, 4)), "o..");
+}
+
+TEST(TextLayout, EndsAShortenedLineInTheDirectionOfItsParagraph) {
+  std::vector<Glyph> line = glyphsOf("one two");
+  for (Glyph& glyph : line) {
+    glyph.level = 2;
+    glyph.paragraphLevel = 1;
+  }
+
+  const std::vector<Glyph> result = shortened(line, glyphsOf("."), 3);
+
+  ASSERT_EQ(textOf(result), "on.");
+  EXPECT_EQ(result[1].level, 2);
+  EXPECT_EQ(result[2].level, 1);
+  EXPECT_EQ(result[2].paragraphLevel, 1);
+}
+
+TEST(TextLayout, KnowsWhereLinesMayBreakByTheCharacter) {
+  const struct {
+    std::string_view character;
+    Glyph::Kind kind;
+  } rows[] = {
+      {"\n", Glyph::Kind::NEWLINE}, {"\r", Glyph::Kind::NEWLINE},   {" ", Glyph::Kind::BLANK},
+      {"\t", Glyph::Kind::BLANK},   {"a", Glyph::Kind::INK},        {"س", Glyph::Kind::INK},
+      {"…", Glyph::Kind::INK},      {"日", Glyph::Kind::IDEOGRAPH}, {"👋🏽", Glyph::Kind::IDEOGRAPH},
+  };
+  for (const auto& row : rows) {
+    EXPECT_EQ(kindOf(row.character), row.kind) << row.character;
+  }
 }
 
 }  // namespace

@@ -313,6 +313,26 @@ TEST_F(XCTestDriverTest, EachButtonAndDirectionIsTheFrameworksOwn) {
 
 // Interruptions.
 
+class XCTestDriverTime : public XCTestDriverTest {
+ protected:
+  XCTestDriverTime()
+      : XCTestDriverTest(R"([{"on": "time", "after": 100,
+            "do": [{"change": "identifier == 'ok'", "to": {"identifier": "late", "label": "Late"}}]}])") {}
+};
+
+TEST_F(XCTestDriverTime, WhatHasComeDueOnThePhoneIsSeenByQuestionsAndWaits) {
+  Clock::shared().usleep(99'000);
+  EXPECT_FALSE(named("late").exists());
+  EXPECT_EQ(driver().waitForExistence(named("late"), 1s), XCTWaiterResult::completed);
+  EXPECT_EQ(driver().waitForPredicate(named("ok"), NSPredicate("exists == FALSE"), 0s), XCTWaiterResult::completed);
+}
+
+TEST_F(XCTestDriverTime, WhatHasComeDueOnThePhoneIsSeenInAPicture) {
+  const std::optional<Data> before = XCUIScreen::mainScreen().pngScreenshot();
+  Clock::shared().usleep(100'000);
+  EXPECT_NE(XCUIScreen::mainScreen().pngScreenshot(), before);
+}
+
 class XCTestDriverInterruptions : public XCTestDriverTest {
  protected:
   XCTestDriverInterruptions()

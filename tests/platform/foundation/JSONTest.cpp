@@ -7,6 +7,7 @@
 #include <limits>
 #include <string>
 #include <string_view>
+#include <variant>
 
 namespace quobrak {
 namespace {
@@ -124,36 +125,95 @@ TEST(JSONDecoder, Values) {
   }
 }
 
+constexpr std::string_view A_VALUE =
+    "; expected a value: a text in double quotes, a number, true, false, null, an array or an object";
+
 TEST(JSONDecoder, TextsThatAreNotJSON) {
   struct Row {
     std::string text;
     std::string expected;
   };
+  const std::string value(A_VALUE);
   const Row ROWS[] = {
-      {"", "line 1, column 1: the text ends too early"},
-      {"\n\n ", "line 3, column 2: the text ends too early"},
-      {"[1,", "line 1, column 4: the text ends too early"},
-      {"{\"a\":\n{\"b\":1}\n", "line 3, column 1: the text ends too early"},
-      {"\"abc", "line 1, column 5: the text ends too early"},
-      {"-", "line 1, column 2: the text ends too early"},
-      {"[1,]", "line 1, column 4: unexpected character"},
-      {"{\"é🙂\" 1}", "line 1, column 7: unexpected character"},
-      {"[\n  1\n  2\n]", "line 3, column 3: unexpected character"},
-      {"nul]", "line 1, column 4: unexpected character"},
-      {"NaN", "line 1, column 1: unexpected character"},
-      {"'a'", "line 1, column 1: unexpected character"},
-      {"[1] // note", "line 1, column 5: unexpected character"},
-      {"1 x", "line 1, column 3: unexpected character"},
-      {"\"a\nb\"", "line 1, column 3: unexpected character"},
-      {"\"\\x\"", "line 1, column 3: unexpected character"},
-      {"\"\xFF\"", "line 1, column 2: unexpected character"},
-      {"[1]\0"s, "line 1, column 4: unexpected character"},
-      {"[1]\n\0[2]"s, "line 2, column 1: unexpected character"},
-      {"[1\0]"s, "line 1, column 3: unexpected character"},
+      {"", "line 1, column 1: the text ends too early" + value},
+      {"\n\n ", "line 3, column 2: the text ends too early" + value},
+      {"[1,", "line 1, column 4: the text ends too early" + value},
+      {"[1", "line 1, column 3: the text ends too early; expected ',' or ']'"},
+      {"{", "line 1, column 2: the text ends too early; expected a key in double quotes"},
+      {"{\"a\"", "line 1, column 5: the text ends too early; expected ':'"},
+      {"{\"a\":\n{\"b\":1}\n", "line 3, column 1: the text ends too early; expected ',' or '}'"},
+      {"\"abc", "line 1, column 5: the text ends too early: invalid string: missing closing quote"},
+      {"-", "line 1, column 2: the text ends too early: invalid number; expected digit after '-'"},
+      {"tru", "line 1, column 4: the text ends too early" + value},
+      {"[1,]", "line 1, column 4: unexpected character" + value},
+      {"[,1]", "line 1, column 2: unexpected character" + value},
+      {"]", "line 1, column 1: unexpected character" + value},
+      {"{\"a\":1,}", "line 1, column 8: unexpected character; expected a key in double quotes"},
+      {"{name: 1}", "line 1, column 3: unexpected character; expected a key in double quotes"},
+      {"{\"é🙂\" 1}", "line 1, column 7: unexpected character; expected ':'"},
+      {"[\n  1\n  2\n]", "line 3, column 3: unexpected character; expected ',' or ']'"},
+      {"[1}", "line 1, column 3: unexpected character; expected ',' or ']'"},
+      {"{\"a\":1]", "line 1, column 7: unexpected character; expected ',' or '}'"},
+      {"nul]", "line 1, column 4: unexpected character" + value},
+      {"NaN", "line 1, column 1: unexpected character" + value},
+      {"'a'", "line 1, column 1: unexpected character" + value},
+      {"[1] // note", "line 1, column 5: unexpected character; expected the end of the text"},
+      {"1 x", "line 1, column 3: unexpected character; expected the end of the text"},
+      {"[01]", "line 1, column 3: unexpected character; expected ',' or ']'"},
+      {"[1.]", "line 1, column 4: unexpected character: invalid number; expected digit after '.'"},
+      {"\"a\nb\"",
+       "line 1, column 3: unexpected character: invalid string: control character U+000A (LF) must be escaped to "
+       "\\u000A or \\n"},
+      {"\"\\x\"", "line 1, column 3: unexpected character: invalid string: forbidden character after backslash"},
+      {"\"\xFF\"", "line 1, column 2: unexpected character: invalid string: ill-formed UTF-8 byte"},
+      {"[1]\0"s, "line 1, column 4: unexpected character; expected the end of the text"},
+      {"[1]\n\0[2]"s, "line 2, column 1: unexpected character; expected the end of the text"},
+      {"[1\0]"s, "line 1, column 3: unexpected character; expected ',' or ']'"},
   };
   for (const auto& [text, expected] : ROWS) {
     EXPECT_THAT([&text = text] { JSONDecoder::decode(text); }, raises<DecodingError>(expected)) << text;
   }
+}
+
+TEST(JSONDecoder, APlaceIsWhereTheUnexpectedTextNumberOrWordBegins) {
+  struct Row {
+    std::string text;
+    std::size_t column;
+  };
+  const Row ROWS[] = {
+      {R"({"a":1 "other": 2})", 8},
+      {R"({"a":"1" "é\"": 2})", 10},
+      {"[1 -23.5e7]", 4},
+      {"[1 true]", 4},
+      {"[\"true\" false]", 9},
+      {"[null null]", 7},
+      {"[1 22", 4},
+      {R"({"a" "b"})", 6},
+      {R"([1 "x"])", 4},
+      {"{true}", 2},
+      {"[1] [2]", 5},
+      {R"({"a":1 {)", 8},
+      {"[1,2 \"a,]}\"]", 6},
+      {"{1:2}", 2},
+      {"[1 tru]", 7},
+  };
+  for (const auto& [text, column] : ROWS) {
+    try {
+      JSONDecoder::decode(text);
+      ADD_FAILURE() << text << " was read";
+    } catch (const DecodingError& error) {
+      ASSERT_TRUE(std::holds_alternative<TextPlace>(error.place())) << text;
+      EXPECT_EQ(std::get<TextPlace>(error.place()), (TextPlace{.line = 1, .column = column})) << text << error.what();
+    }
+  }
+}
+
+TEST(JSONDecoder, NoWordOfTheTextIsTakenForOneOfTheParsers) {
+  EXPECT_THAT(
+      [] { JSONDecoder::decode("[\"; expected end of input"); },
+      raises<DecodingError>("line 1, column 26: the text ends too early: invalid string: missing closing quote"));
+  EXPECT_THAT([] { JSONDecoder::decode("[\" - ; last read: '\" 1]"); },
+              raises<DecodingError>("line 1, column 22: unexpected character; expected ',' or ']'"));
 }
 
 TEST(JSONDecoder, NumbersBeyondTheirRange) {
@@ -224,11 +284,52 @@ TEST(JSONReader, AMemberThatMayBeMissing) {
               raises<DecodingError>("outer.a: expected a text, found null"));
 }
 
+TEST(JSONReader, KindsThatMayStandInOnePlace) {
+  const JSONValue VALUES[] = {{}, true, 1, 1.5, "1", Array{}, Object{}};
+  std::string nulls;
+  std::string texts;
+  std::string objects;
+  for (const JSONValue& value : VALUES) {
+    nulls += JSONReader(value).isNull() ? "1" : "0";
+    texts += JSONReader(value).isText() ? "1" : "0";
+    objects += JSONReader(value).isObject() ? "1" : "0";
+  }
+  EXPECT_EQ(nulls, "1000000");
+  EXPECT_EQ(texts, "0000100");
+  EXPECT_EQ(objects, "0000001");
+}
+
+TEST(JSONReader, NumbersAndTruthValues) {
+  const JSONValue document = Array{7, -0.5, true, false};
+  const auto elements = JSONReader(document).elements();
+  EXPECT_EQ(elements[0].number(), 7.0);
+  EXPECT_EQ(elements[1].number(), -0.5);
+  EXPECT_TRUE(elements[2].truthValue());
+  EXPECT_FALSE(elements[3].truthValue());
+}
+
+TEST(JSONReader, KnowsItsKeyPath) {
+  const JSONValue document = JSONDecoder::decode(R"({"a":[{"b.c":1,"":{"":2}}],"":3})");
+  const JSONReader reader(document);
+  EXPECT_EQ(reader.keyPath(), "");
+  const JSONReader inner = reader.member("a").elements().at(0);
+  EXPECT_EQ(inner.keyPath(), "a[0]");
+  EXPECT_EQ(inner.member("b.c").keyPath(), "a[0].b.c");
+  EXPECT_EQ(inner.optionalMember("")->member("").keyPath(), "a[0].\"\".\"\"");
+  EXPECT_EQ(reader.members().at(0).second.keyPath(), "\"\"") << "the key that is empty, and not the document";
+}
+
 TEST(JSONReader, AReasonOfTheCallersIsGivenThePlace) {
   const JSONValue document = Object{{"status", Array{"blue"}}};
   const JSONReader reader(document);
   EXPECT_THAT([&] { reader.member("status").elements().at(0).fail("no status is called blue"); },
               raises<DecodingError>("status[0]: no status is called blue"));
+  try {
+    reader.member("status").fail("too many");
+  } catch (const DecodingError& error) {
+    EXPECT_EQ(std::get<std::string>(error.place()), "status");
+    EXPECT_EQ(error.reason(), "too many");
+  }
   EXPECT_THAT([&] { reader.fail("too old"); }, raises<DecodingError>("the document: too old"));
 }
 
@@ -285,6 +386,10 @@ TEST(JSONReader, NamesTheKindThatStandsThere) {
     }
     if (kind != "a number") {
       EXPECT_THAT([&] { reader.integer(); }, found("a whole number"));
+      EXPECT_THAT([&] { reader.number(); }, found("a number"));
+    }
+    if (kind != "a truth value") {
+      EXPECT_THAT([&] { reader.truthValue(); }, found("true or false"));
     }
   }
 }

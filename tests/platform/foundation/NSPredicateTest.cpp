@@ -266,6 +266,21 @@ TEST(NSCompoundPredicate, MakesPredicatesOfPredicates) {
   EXPECT_EQ(&compound(both).parts[1].node(), &b.node());
 }
 
+TEST(NSPredicate, KeyPaths) {
+  for (const char* const text :
+       {"a", "_", "label", "A_1", "a.b", "shop.basket_1.x", "inner", "nor", "Trueish", "a.in"}) {
+    EXPECT_TRUE(NSPredicate::isKeyPath(text)) << text;
+    EXPECT_EQ(std::get<NSPredicate::KeyPath>(comparison(NSPredicate(std::string(text) + " == 'x'")).left).name, text);
+  }
+  for (const char* const text :
+       {"",    ".",    "a.",    ".a",       "a..b",       "1",        "1a",      "a.1",           "a-b",
+        "a b", "ä",    "in",    "IN",       "And",        "or",       "not",     "like",          "yes",
+        "NO",  "true", "False", "contains", "beginsWith", "ENDSWITH", "matches", "TRUEPREDICATE", "falsepredicate",
+        "0"}) {
+    EXPECT_FALSE(NSPredicate::isKeyPath(text)) << text;
+  }
+}
+
 TEST(NSCompoundPredicate, JunctionsOfNoPartOrOneArePrintedWithoutAnOperator) {
   const NSPredicate a("a == x");
   const NSPredicate b("b == y OR c == z");
