@@ -273,11 +273,11 @@ TEST_F(ScreenChangesTest, AMovedElementTakesAllAlongAndASizedOneDoesNot) {
     return std::pair(named("a").frame, named("b").frame);
   };
   const Rect before{{11, 22}, {3, 4}};
-  EXPECT_EQ(after(0, {}, {}, {}), std::pair(Rect({0, 20}, {30, 40}), Rect({1, 22}, {3, 4})));
-  EXPECT_EQ(after({}, 120.5, {}, {}), std::pair(Rect({10, 120.5}, {30, 40}), Rect({11, 122.5}, {3, 4})));
-  EXPECT_EQ(after({}, {}, 0, {}), std::pair(Rect({10, 20}, {0, 40}), before));
-  EXPECT_EQ(after({}, {}, {}, 7), std::pair(Rect({10, 20}, {30, 7}), before));
-  EXPECT_EQ(after(-10, 0, 1, 2), std::pair(Rect({-10, 0}, {1, 2}), Rect({-9, 2}, {3, 4})));
+  EXPECT_EQ(after(0, {}, {}, {}), std::pair(Rect{{0, 20}, {30, 40}}, Rect{{1, 22}, {3, 4}}));
+  EXPECT_EQ(after({}, 120.5, {}, {}), std::pair(Rect{{10, 120.5}, {30, 40}}, Rect{{11, 122.5}, {3, 4}}));
+  EXPECT_EQ(after({}, {}, 0, {}), std::pair(Rect{{10, 20}, {0, 40}}, before));
+  EXPECT_EQ(after({}, {}, {}, 7), std::pair(Rect{{10, 20}, {30, 7}}, before));
+  EXPECT_EQ(after(-10, 0, 1, 2), std::pair(Rect{{-10, 0}, {1, 2}}, Rect{{-9, 2}, {3, 4}}));
 }
 
 // Inserting.
