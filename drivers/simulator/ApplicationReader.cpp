@@ -1,6 +1,7 @@
 #include "drivers/simulator/ApplicationReader.h"
 
 #include <optional>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -27,6 +28,7 @@ ApplicationDescription ApplicationReader::read() {
 void ApplicationReader::readContent(const JSONReader& json) {
   file_.requireKnownKeys(json,
                          {"$schema", "bundleIdentifier", "name", "launchTime", "firstScreen", "addresses", "rules"});
+  file_.attempt([&] { requireTextIfAny(json, "$schema"); });
   file_.attempt([&] { application_.bundleIdentifier = nonEmptyText(json.member("bundleIdentifier")); });
   file_.attempt([&] { application_.name = nonEmptyText(json.member("name")); });
   file_.attempt([&] {
@@ -98,6 +100,11 @@ void ApplicationReader::requirePage(const JSONReader& at, const std::string& nam
     faultyPages_.insert(name);
     for (const PageSourceFault& fault : error.faults()) {
       faults_.add(files_.nameOf(path), TextPlace{.line = fault.line, .column = fault.column}, fault.reason);
+    }
+    if (error.unlisted() > 0) {
+      const PageSourceFault& last = error.faults().back();
+      faults_.add(files_.nameOf(path), TextPlace{.line = last.line, .column = last.column},
+                  "and " + std::to_string(error.unlisted()) + " more behind it");
     }
   }
 }

@@ -96,6 +96,12 @@ std::string nonEmptyText(const JSONReader& json) {
   return text;
 }
 
+void requireTextIfAny(const JSONReader& object, std::string_view key) {
+  if (const auto member = object.optionalMember(key)) {
+    static_cast<void>(member->text());
+  }
+}
+
 std::chrono::milliseconds readDuration(const JSONReader& json) {
   constexpr std::int64_t ONE_HOUR = 3'600'000;
   return std::chrono::milliseconds(integerBetween(json, 0, ONE_HOUR));

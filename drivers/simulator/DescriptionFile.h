@@ -5,6 +5,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -82,6 +83,8 @@ std::string listed(const std::vector<std::string>& texts);
 /// A whole number from `least` to `most`.
 std::int64_t integerBetween(const JSONReader& json, std::int64_t least, std::int64_t most);
 std::string nonEmptyText(const JSONReader& json);
+/// What is left out is a text.
+void requireTextIfAny(const JSONReader& object, std::string_view key);
 /// A whole number of milliseconds, at most an hour.
 std::chrono::milliseconds readDuration(const JSONReader& json);
 /// The members of an object of texts. Their keys must be names of named values. A member that is otherwise is noted in

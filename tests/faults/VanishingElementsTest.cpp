@@ -29,7 +29,7 @@ constexpr const char* PAGE = R"(
 
 constexpr const char* RULES = R"([
   {"on": "tap", "element": "label == \"Leave\"", "do": [{"show": "empty"}]},
-  {"on": "tap", "element": "label == \"Warn\"", "do": [{"alert": {"title": "Battery low", "buttons": ["Later"]}}]}])";
+  {"on": "tap", "element": "label == \"Warn\"", "do": [{"systemAlert": {"title": "Battery low", "buttons": ["Later"]}}]}])";
 
 constexpr const char* EMPTY =
     R"(<XCUIElementTypeApplication name="Test" label="Test" x="0" y="0" width="100" height="200">

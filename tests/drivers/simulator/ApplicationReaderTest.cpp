@@ -143,8 +143,8 @@ TEST(ApplicationReader, FaultsOfEachMember) {
        "shop/app.json:3:43: rules[2]: expected an object, found null"},
       {R"("launch": 1)", "3:2: launch: unknown; what may stand here is " + known},
       {R"("$schema": 1, "Name": 1, "screens": [])",
-       "3:16: Name: unknown; what may stand here is " + known +
-           "\nshop/app.json:3:27: screens: unknown; what may stand here is " + known},
+       "3:2: $schema: expected a text, found a number\nshop/app.json:3:16: Name: unknown; what may stand here is " +
+           known + "\nshop/app.json:3:27: screens: unknown; what may stand here is " + known},
   };
   for (const auto& [members, faults] : ROWS) {
     std::string others;
@@ -239,6 +239,18 @@ TEST(ApplicationReader, FaultsOfAPageAreToldOnceAndNameItsFile) {
   EXPECT_EQ(read.faults(),
             R"(shop/knob.xml:2:22: "Knob" is no element type; one is written like "XCUIElementTypeButton")");
   EXPECT_THAT(read.application().screens, IsEmpty());
+}
+
+TEST(ApplicationReader, OfAPageWithManyFaultsTheFirstAreTold) {
+  std::string page = "<Application>";
+  for (int number = 0; number < 22; ++number) {
+    page += "<Knob/>";
+  }
+  const ReadApplication read(R"({"bundleIdentifier": "a", "name": "A", "firstScreen": "knobs"})",
+                             {{"knobs", page + "</Application>"}});
+  EXPECT_THAT(read.faults(), ::testing::EndsWith("\nshop/knobs.xml:1:148: \"Knob\" is no element type; one is written "
+                                                 "like \"XCUIElementTypeButton\""
+                                                 "\nshop/knobs.xml:1:148: and 2 more behind it"));
 }
 
 TEST(ApplicationReader, FaultsOfSeveralPagesAreTold) {

@@ -351,6 +351,7 @@ TEST(PhoneLoader, AnApplicationThatDoesNotComeWithTheProgram) {
     files["phone.json"].replace(files["phone.json"].find("\"test\"]"), 7, "\"test\", \"built-in:" + name + "\"]");
     EXPECT_EQ(faultOf(files), "phone.json:2:93: applications[2]: there is no application \"" + name +
                                   "\" that comes with the program; there are \"com.apple.springboard\", "
+                                  "\"com.apple.AppStore\", \"com.apple.Preferences\", \"com.apple.mobilesafari\", "
                                   "\"com.example.shop\"");
   }
 }

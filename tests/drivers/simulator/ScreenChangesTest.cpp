@@ -88,9 +88,9 @@ class ScreenChangesTest : public ::testing::Test {
 // Picking elements.
 
 TEST_F(ScreenChangesTest, PredicatesAskTheAttributesOfElements) {
-  show(R"(<Button name="a" label="OK" value="1" enabled="false" x="0" y="0" width="10" height="10"/>
+  show(R"(<Button name="a" label="OK" value="7" enabled="false" x="0" y="0" width="10" height="10"/>
           <TextField name="b" placeholderValue="Name" selected="true" x="500" y="0" width="10" height="10"/>)");
-  EXPECT_TRUE(matches(named("a"), predicate("label == 'OK' AND value == '1' AND enabled == FALSE AND exists == TRUE")));
+  EXPECT_TRUE(matches(named("a"), predicate("label == 'OK' AND value == '7' AND enabled == FALSE AND exists == TRUE")));
   EXPECT_TRUE(matches(named("a"), predicate("hittable == TRUE")));
   EXPECT_FALSE(matches(named("b"), predicate("hittable == TRUE")));
   EXPECT_TRUE(matches(named("b"), predicate("placeholderValue == 'Name' AND selected == TRUE")));
@@ -132,7 +132,7 @@ TEST_F(ScreenChangesTest, AnElementByItsNumber) {
 // Texts.
 
 TEST_F(ScreenChangesTest, TextsOfAnElement) {
-  show(R"(<Button name="a" label="OK" value="1"/>
+  show(R"(<Button name="a" label="OK" value="7"/>
           <TextField name="b" label="Name" placeholderValue="hint"/>
           <SecureTextField name="c" value="••" placeholderValue=""/>)");
   const auto textsIn = [this](const char* name) {
@@ -143,7 +143,7 @@ TEST_F(ScreenChangesTest, TextsOfAnElement) {
     }
     return all;
   };
-  EXPECT_THAT(textsIn("a"), ElementsAre("OK", "a", "1", ""));
+  EXPECT_THAT(textsIn("a"), ElementsAre("OK", "a", "7", ""));
   EXPECT_THAT(textsIn("b"), ElementsAre("Name", "b", "", "hint"));
   EXPECT_THAT(textsIn("c"), ElementsAre("", "c", "••", ""));
   setText(named("c"), "open");
@@ -273,11 +273,11 @@ TEST_F(ScreenChangesTest, AMovedElementTakesAllAlongAndASizedOneDoesNot) {
     return std::pair(named("a").frame, named("b").frame);
   };
   const Rect before{{11, 22}, {3, 4}};
-  EXPECT_EQ(after(0, {}, {}, {}), std::pair(Rect({0, 20}, {30, 40}), Rect({1, 22}, {3, 4})));
-  EXPECT_EQ(after({}, 120.5, {}, {}), std::pair(Rect({10, 120.5}, {30, 40}), Rect({11, 122.5}, {3, 4})));
-  EXPECT_EQ(after({}, {}, 0, {}), std::pair(Rect({10, 20}, {0, 40}), before));
-  EXPECT_EQ(after({}, {}, {}, 7), std::pair(Rect({10, 20}, {30, 7}), before));
-  EXPECT_EQ(after(-10, 0, 1, 2), std::pair(Rect({-10, 0}, {1, 2}), Rect({-9, 2}, {3, 4})));
+  EXPECT_EQ(after(0, {}, {}, {}), std::pair(Rect{{0, 20}, {30, 40}}, Rect{{1, 22}, {3, 4}}));
+  EXPECT_EQ(after({}, 120.5, {}, {}), std::pair(Rect{{10, 120.5}, {30, 40}}, Rect{{11, 122.5}, {3, 4}}));
+  EXPECT_EQ(after({}, {}, 0, {}), std::pair(Rect{{10, 20}, {0, 40}}, before));
+  EXPECT_EQ(after({}, {}, {}, 7), std::pair(Rect{{10, 20}, {30, 7}}, before));
+  EXPECT_EQ(after(-10, 0, 1, 2), std::pair(Rect{{-10, 0}, {1, 2}}, Rect{{-9, 2}, {3, 4}}));
 }
 
 // Inserting.

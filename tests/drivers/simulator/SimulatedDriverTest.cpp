@@ -533,8 +533,8 @@ TEST_F(SimulatedDriverTest, APatternOfARuleThatBacktracksForEverFailsTypingItsRe
 
 /// The page after 100 ms.
 constexpr const char* LATE_PAGE =
-    R"(<TextField name="late" label="Late" value="in time" x="0" y="0" width="50" height="20"/>
-  <Button name="button" label="Late" x="0" y="20" width="50" height="20"/>)";
+    R"(<Window><TextField name="late" label="Late" value="in time" x="0" y="0" width="50" height="20"/>
+  <Button name="button" label="Late" x="0" y="20" width="50" height="20"/></Window>)";
 
 /// A phone on which time has passed that nobody has asked about yet.
 class TimeTest : public SimulatedDriverTest {
