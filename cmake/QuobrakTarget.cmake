@@ -13,6 +13,10 @@ function(quobrak_target target)
                                             -fno-omit-frame-pointer)
     target_link_options(${target} PUBLIC -fsanitize=address,undefined)
   endif()
+  if(QUOBRAK_FUZZER)
+    # Tells the fuzzing library which ways through the code an input takes.
+    target_compile_options(${target} PUBLIC -fsanitize=fuzzer-no-link)
+  endif()
 endfunction()
 
 # quobrak_folder(NAME HEADERS ... SOURCES ... LINKS ... PRIVATE_LINKS ...): the one library of a folder.

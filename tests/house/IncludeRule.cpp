@@ -29,7 +29,8 @@ const std::vector<Permission>& ours() {
       {"drivers/xctest/", {"platform/", "drivers/xctest/"}},
       {"phoneserver/", {"platform/", "drivers/simulator/", "phoneserver/"}},
       {"runner/", {"platform/", "quobrakUITests/", "drivers/", "runner/"}},
-      {"tests/", {"platform/", "quobrakUITests/", "drivers/", "phoneserver/", "runner/", "tests/"}},
+      {"tests/", {"platform/", "quobrakUITests/", "drivers/", "phoneserver/", "runner/", "fuzz/", "tests/"}},
+      {"fuzz/", {"platform/", "quobrakUITests/", "drivers/", "phoneserver/", "tests/support/", "fuzz/"}},
       {"benchmarks/", {"platform/", "quobrakUITests/", "drivers/", "phoneserver/", "runner/", "benchmarks/"}},
   };
   return PERMISSIONS;

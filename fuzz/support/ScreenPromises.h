@@ -1,0 +1,15 @@
+#pragma once
+
+#include "drivers/simulator/Element.h"
+#include "drivers/simulator/Phone.h"
+
+namespace quobrak::fuzz {
+
+/// What holds for the tree of every screen: it is well linked, its texts are texts, its frames numbers, and who is hit
+/// at an element's hit point agrees with whether it is hittable.
+void requireScreenPromises(const simulator::Element& root);
+
+/// What holds for every phone at all times.
+void requirePhonePromises(const simulator::Phone& phone);
+
+}  // namespace quobrak::fuzz
