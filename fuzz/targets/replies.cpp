@@ -63,7 +63,7 @@ class AnsweringLine final : public webdriver::Transport {
 
  private:
   static constexpr std::string_view PATH_CHARACTERS =
-      "/-._~%:@!$&'()*+,;=0123456789abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ";
+      "/?-._~%:@!$&'()*+,;=0123456789abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ";
 
   std::vector<HttpReply> replies_;
   std::size_t next_ = 0;
