@@ -20,8 +20,15 @@ constexpr std::size_t MAXIMUM_NESTING = 500;
 
 constexpr int NUMBER_OVERFLOW_ID = 406;
 
+/// A key with control characters is shown as JSON writes it, in quotes. The text of an error ends at a NUL.
+std::string shownKey(std::string_view key) {
+  const bool hasControls =
+      std::any_of(key.begin(), key.end(), [](char byte) { return static_cast<unsigned char>(byte) < ' '; });
+  return hasControls ? nlohmann::json(key).dump() : std::string(key);
+}
+
 std::string placeOfMember(const std::string& place, std::string_view key) {
-  return place.empty() ? std::string(key) : place + '.' + std::string(key);
+  return place.empty() ? shownKey(key) : place + '.' + shownKey(key);
 }
 
 std::string placeOfElement(const std::string& place, std::size_t index) {
