@@ -55,6 +55,15 @@ void requireHitPromises(const Element& root, const std::vector<const Element*>& 
 
 }  // namespace
 
+bool isOfThisWorld(const Element& root) {
+  const std::vector<const Element*> elements = elementsOf(root);
+  return std::all_of(elements.begin(), elements.end(), [](const Element* element) {
+    const auto& [origin, size] = element->frame;
+    return std::max({std::abs(origin.x), std::abs(origin.y), std::abs(size.width), std::abs(size.height)}) <
+           END_OF_THE_WORLD;
+  });
+}
+
 void requireScreenPromises(const Element& root) {
   require(root.parent() == nullptr, "a screen is in nothing");
   const std::vector<const Element*> elements = elementsOf(root);

@@ -1,7 +1,6 @@
 // A page source: it becomes a screen that is looked at, touched everywhere, scrolled to its ends and described.
 
 #include <array>
-#include <cmath>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -46,23 +45,9 @@ std::string descriptionOf(const Element& root) {
   return simulator::debugDescription(application, queries.stages(application, root), 1);
 }
 
-/// Farther than any screen has content. Beyond it, numbers are too coarse for places to be added up from others.
-constexpr double FAR = 1e6;
-
-bool isOfThisWorld(const Element& root) {
-  bool is = true;
-  forEachDescendant(root, [&is](const Element& element) {
-    const Rect& frame = element.frame;
-    for (const double number : {frame.origin.x, frame.origin.y, frame.size.width, frame.size.height}) {
-      is = is && std::abs(number) < FAR;
-    }
-  });
-  return is;
-}
-
 /// Whether a finger that goes on in each direction has moved each list to its end, so that it moves nothing more.
 bool scrollsToEnds(Element& root, Point point) {
-  constexpr double BEYOND = 4 * FAR;
+  constexpr double BEYOND = 4 * END_OF_THE_WORLD;
   constexpr std::array MOVES{
       simulator::FingerMove{.dx = 0, .dy = -BEYOND}, simulator::FingerMove{.dx = -BEYOND, .dy = 0},
       simulator::FingerMove{.dx = BEYOND, .dy = 1}, simulator::FingerMove{.dx = 0, .dy = BEYOND}};
