@@ -12,6 +12,14 @@ function(quobrak_target target)
     target_compile_options(${target} PUBLIC -fsanitize=address,undefined -fno-sanitize-recover=all
                                             -fno-omit-frame-pointer)
     target_link_options(${target} PUBLIC -fsanitize=address,undefined)
+    if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+      # Between the sanitizers' checks it loses sight of what is initialised.
+      target_compile_options(${target} PRIVATE -Wno-maybe-uninitialized)
+    endif()
+  endif()
+  if(QUOBRAK_FUZZER)
+    # Tells the fuzzing library which ways through the code an input takes.
+    target_compile_options(${target} PUBLIC -fsanitize=fuzzer-no-link)
   endif()
 endfunction()
 

@@ -22,6 +22,10 @@ std::optional<std::string_view> unlessEmpty(std::string_view text) {
   return text.empty() ? std::nullopt : std::optional(text);
 }
 
+bool holdsText(const std::optional<std::string>& text) {
+  return text && !text->empty();
+}
+
 JSONValue json(const std::optional<std::string_view>& text) {
   return text ? JSONValue(*text) : JSONValue();
 }
@@ -107,7 +111,7 @@ bool isAccessible(const Element& element) {
     case ElementType::keyboard:
       return false;
     default:
-      return !element.label.empty() || element.value || element.placeholder;
+      return !element.label.empty() || holdsText(element.value) || holdsText(element.placeholder);
   }
 }
 

@@ -1,6 +1,7 @@
 #include "drivers/webdriver/ElementDescription.h"
 
-#include <cstdint>
+#include <array>
+#include <charconv>
 #include <variant>
 
 namespace quobrak::webdriver {
@@ -10,7 +11,12 @@ namespace {
 constexpr const char* INDENT = "    ";
 
 std::string number(double value) {
-  return std::to_string(static_cast<std::int64_t>(value)) + ".0";
+  constexpr int DECIMALS = 1;
+  // The largest double has 309 digits before the point.
+  std::array<char, 320> text{};
+  const auto [end, error] =
+      std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed, DECIMALS);
+  return {text.data(), end};
 }
 
 std::string pair(double first, double second) {

@@ -5,6 +5,7 @@
 #include <variant>
 
 #include "drivers/webdriver/CommandError.h"
+#include "drivers/webdriver/PathSegment.h"
 
 namespace quobrak::webdriver {
 
@@ -81,6 +82,9 @@ std::string idIn(const Members& members) {
   }
   if (!id || id->empty()) {
     failAsNonsense("an element has no id");
+  }
+  if (!isPathSegment(*id)) {
+    failAsNonsense("an element has the id \"" + *id + "\", which cannot stand in a path");
   }
   return *id;
 }

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "drivers/webdriver/CommandError.h"
+#include "drivers/webdriver/PathSegment.h"
 
 namespace quobrak::webdriver {
 
@@ -28,12 +29,24 @@ Command settingsCommand(const std::string& session, const JSONValue::Object& set
   return {.method = "POST", .path = "/session/" + session + "/appium/settings", .body = {{"settings", settings}}};
 }
 
-std::string idIn(const JSONValue& reply) {
+std::string textIn(const JSONValue& reply, std::string_view key) {
   try {
-    return JSONReader(reply).member("sessionId").text();
+    return JSONReader(reply).member(key).text();
   } catch (const DecodingError&) {
+    return "";
+  }
+}
+
+std::string idIn(const JSONValue& reply) {
+  std::string id = textIn(reply, "sessionId");
+  if (id.empty()) {
     throw CommandError(Fault::nonsense, "the server opened a session without saying which");
   }
+  if (!isPathSegment(id)) {
+    throw CommandError(Fault::nonsense,
+                       "the server opened a session with the id \"" + id + "\", which cannot stand in a path");
+  }
+  return id;
 }
 
 }  // namespace

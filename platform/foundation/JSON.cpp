@@ -330,6 +330,14 @@ bool isWholeNumber(double number) {
   return number >= -LIMIT && number < LIMIT && std::trunc(number) == number;
 }
 
+/// A key that is empty or has control characters is shown as JSON writes it, in quotes: an empty step would be none,
+/// and the text of an error ends at a NUL.
+std::string shownKey(std::string_view key) {
+  const bool isPlain = !key.empty() && std::none_of(key.begin(), key.end(),
+                                                    [](char byte) { return static_cast<unsigned char>(byte) < ' '; });
+  return isPlain ? std::string(key) : nlohmann::json(key).dump();
+}
+
 std::string textOf(const DecodingError::Place& place) {
   if (const auto* const inText = std::get_if<TextPlace>(&place)) {
     return "line " + std::to_string(inText->line) + ", column " + std::to_string(inText->column);
@@ -344,8 +352,7 @@ DecodingError::DecodingError(Place place, const std::string& reason)
     : std::runtime_error(textOf(place) + ": " + reason), place_(std::move(place)), reason_(reason) {}
 
 std::string keyPathOfMember(const std::string& place, std::string_view key) {
-  // An empty step would be none.
-  const std::string step(key.empty() ? "\"\"" : key);
+  const std::string step = shownKey(key);
   return place.empty() ? step : place + '.' + step;
 }
 

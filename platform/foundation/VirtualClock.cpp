@@ -1,5 +1,7 @@
 #include "platform/foundation/VirtualClock.h"
 
+#include <algorithm>
+
 namespace quobrak {
 
 VirtualClock::VirtualClock()
@@ -17,7 +19,8 @@ Clock::TimePoint VirtualClock::now() const {
 }
 
 void VirtualClock::usleep(std::uint32_t microseconds) {
-  sinceEpoch_ += std::chrono::microseconds(microseconds);
+  const std::chrono::nanoseconds left = std::chrono::nanoseconds::max() - sinceEpoch_;
+  sinceEpoch_ += std::min<std::chrono::nanoseconds>(std::chrono::microseconds(microseconds), left);
 }
 
 }  // namespace quobrak

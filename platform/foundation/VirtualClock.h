@@ -7,7 +7,8 @@ namespace quobrak {
 /// A clock that only moves when someone sleeps: a pause of a minute costs nothing, and every timestamp, wait and
 /// animation agrees with it.
 ///
-/// It stands half a millisecond past a whole one, so that truncation to milliseconds never shifts a duration.
+/// It stands half a millisecond past a whole one, so that truncation to milliseconds never shifts a duration. In the
+/// year 2262 it has come as far as it can count, and stands still.
 class VirtualClock final : public Clock {
  public:
   /// Starts at the machine's present time.

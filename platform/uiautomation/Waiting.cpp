@@ -25,6 +25,12 @@ nanoseconds saturated(Seconds duration) {
   return nanoseconds(std::llround(duration.count() * 1e9));
 }
 
+/// The clock's last moment where it cannot count as far as that.
+Clock::TimePoint momentAfter(const Clock& clock, Seconds duration) {
+  const Clock::TimePoint now = clock.now();
+  return now + std::min(saturated(duration), Clock::TimePoint::max() - now);
+}
+
 /// Sleeps at least once for the part that one sleep can take, so that a rest of nanoseconds still moves the clock.
 void sleepOnce(Clock& clock, nanoseconds rest) {
   const microseconds wanted = std::chrono::ceil<microseconds>(rest);
@@ -36,7 +42,7 @@ void sleepOnce(Clock& clock, nanoseconds rest) {
 
 XCTWaiterResult waitUntil(Clock& clock, Seconds timeout, std::chrono::milliseconds interval,
                           const std::function<bool()>& holds) {
-  const Clock::TimePoint deadline = clock.now() + saturated(timeout);
+  const Clock::TimePoint deadline = momentAfter(clock, timeout);
   while (!holds()) {
     const nanoseconds rest = deadline - clock.now();
     if (rest <= nanoseconds::zero()) {
@@ -48,7 +54,7 @@ XCTWaiterResult waitUntil(Clock& clock, Seconds timeout, std::chrono::millisecon
 }
 
 void sleepFor(Clock& clock, Seconds duration) {
-  const Clock::TimePoint end = clock.now() + saturated(duration);
+  const Clock::TimePoint end = momentAfter(clock, duration);
   for (nanoseconds rest = end - clock.now(); rest > nanoseconds::zero(); rest = end - clock.now()) {
     sleepOnce(clock, rest);
   }

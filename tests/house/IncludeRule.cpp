@@ -30,7 +30,8 @@ const std::vector<Permission>& ours() {
       {"phoneserver/", {"platform/", "drivers/simulator/", "phoneserver/"}},
       {"runner/", {"platform/", "quobrakUITests/", "drivers/", "runner/"}},
       {"manual/", {"quobrakUITests/", "manual/"}},
-      {"tests/", {"platform/", "quobrakUITests/", "drivers/", "phoneserver/", "runner/", "manual/", "tests/"}},
+      {"tests/", {"platform/", "quobrakUITests/", "drivers/", "phoneserver/", "runner/", "manual/", "fuzz/", "tests/"}},
+      {"fuzz/", {"platform/", "quobrakUITests/", "drivers/", "phoneserver/", "tests/support/", "fuzz/"}},
       {"benchmarks/", {"platform/", "quobrakUITests/", "drivers/", "phoneserver/", "runner/", "benchmarks/"}},
   };
   return PERMISSIONS;

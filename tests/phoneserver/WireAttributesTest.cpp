@@ -119,6 +119,18 @@ TEST(WireAttributes, ContainersAreNotAccessibleButWhatTheyHoldIs) {
   EXPECT_FALSE(isAccessibilityContainer(cell));
 }
 
+TEST(WireAttributes, WhatHasAnEmptyTextIsNotAccessible) {
+  Element field(ElementType::textField);
+  field.value = "";
+  field.placeholder = "";
+  EXPECT_FALSE(isAccessible(field));
+  field.placeholder = "Name";
+  EXPECT_TRUE(isAccessible(field));
+  field.placeholder.reset();
+  field.value = "Ada";
+  EXPECT_TRUE(isAccessible(field));
+}
+
 TEST(WireAttributes, AreFoundByTheirNames) {
   TestPhone phone(R"(<XCUIElementTypeButton/>
     <XCUIElementTypeTextField name="id" label="Label" value="v" placeholderValue="p" enabled="false" selected="true"

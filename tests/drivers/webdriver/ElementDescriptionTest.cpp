@@ -52,5 +52,14 @@ TEST(Description, OfAnElementHasALineForEachOneBelow) {
             " →Cell, {{-1.0, 10.0}, {100.0, 44.0}}\n");
 }
 
+TEST(Description, ShowsWhateverFramesServersGive) {
+  constexpr double BEYOND = 1e20;
+  const FoundElement cell{.type = ElementType::cell, .frame = {.origin = {-0.5, -BEYOND}, .size = {BEYOND, 1e-9}}};
+  EXPECT_EQ(description(cell, std::vector<FoundElement>()),
+            "Attributes: Cell, {{-0.5, -100000000000000000000.0}, {100000000000000000000.0, 0.0}}\n"
+            "Element subtree:\n"
+            " →Cell, {{-0.5, -100000000000000000000.0}, {100000000000000000000.0, 0.0}}\n");
+}
+
 }  // namespace
 }  // namespace quobrak::webdriver

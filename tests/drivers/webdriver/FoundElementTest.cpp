@@ -141,6 +141,8 @@ TEST(FoundElements, WhatIsNoLookupIsNonsense) {
       {R"([{"ELEMENT":""}])", "an element has no id"},
       {R"([{"ELEMENT":7}])", "an element has no id"},
       {R"([{"ELEMENT":"e1"},{"label":"a"}])", "an element has no id"},
+      {R"([{"ELEMENT":"e1/click"}])", "an element has the id \"e1/click\", which cannot stand in a path"},
+      {R"([{"ELEMENT":".."}])", "an element has the id \"..\", which cannot stand in a path"},
   };
   for (const auto& [reply, what] : ROWS) {
     const JSONValue value = JSONDecoder::decode(reply);

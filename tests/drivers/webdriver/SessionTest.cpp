@@ -100,14 +100,23 @@ TEST_F(SessionTest, ErrorsAtItsEndAreNobodysConcern) {
 }
 
 TEST_F(SessionTest, WithoutAnIdIsNone) {
-  for (const char* const value : {"null", "{}", R"("s1")", R"({"sessionId":7})", R"({"sessionId":null})"}) {
+  for (const char* const value :
+       {"null", "{}", R"("s1")", R"({"sessionId":7})", R"({"sessionId":null})", R"({"sessionId":""})"}) {
     server_.expect(R"(POST /session {"capabilities":{"alwaysMatch":{},"firstMatch":[{}]}})", value);
     EXPECT_THAT([this] { session().ask(question); },
                 throwsFault(Fault::nonsense, "the server opened a session without saying which"));
   }
   EXPECT_EQ(session().generation(), 0);
   session_.reset();
-  EXPECT_THAT(server_.requests(), SizeIs(5)) << "there is none to end";
+  EXPECT_THAT(server_.requests(), SizeIs(6)) << "there is none to end";
+}
+
+TEST_F(SessionTest, WithAnIdThatLeadsElsewhereIsNone) {
+  server_.expect(R"(POST /session {"capabilities":{"alwaysMatch":{},"firstMatch":[{}]}})", R"({"sessionId":"s1/.."})");
+  EXPECT_THAT(
+      [this] { session().ask(question); },
+      throwsFault(Fault::nonsense, "the server opened a session with the id \"s1/..\", which cannot stand in a path"));
+  EXPECT_EQ(session().generation(), 0);
 }
 
 TEST_F(SessionTest, ThatIsNotCreatedIsTriedAgainByTheNextCommand) {

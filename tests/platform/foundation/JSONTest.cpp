@@ -228,6 +228,7 @@ TEST(JSONDecoder, NumbersBeyondTheirRange) {
       {R"({"a":1,"measures":[[],[{"time":123456789012345678901234567890}]]})",
        "measures[1][0].time: the number is too large"},
       {R"({"a":[1e999]})", "a[0]: the number is too large"},
+      {R"({"a\u0000":{"b":1e999}})", R"("a\u0000".b: the number is too large)"},
       {"[" + std::string(400, '9') + "]", "[0]: the number is too large"},
   };
   for (const auto& [text, expected] : ROWS) {
@@ -402,6 +403,7 @@ TEST(JSONReader, NamesThePlace) {
               raises<DecodingError>("measures[0][1].time: expected a whole number, found a text"));
   EXPECT_THAT([&] { row.elements().at(0).member("time"); }, raises<DecodingError>("measures[0][0].time: missing"));
   EXPECT_THAT([&] { reader.member("status"); }, raises<DecodingError>("status: missing"));
+  EXPECT_THAT([&] { reader.member("a\nb"); }, raises<DecodingError>(R"("a\nb": missing)"));
   EXPECT_THAT([&] { reader.members().at(0).second.text(); },
               raises<DecodingError>("measures: expected a text, found an array"));
 }

@@ -57,6 +57,15 @@ TEST(VirtualClock, ASleepMovesBothReadingsByExactlyItsLength) {
   }
 }
 
+TEST(VirtualClock, StandsStillWhereItCannotCountAnyFurther) {
+  constexpr auto LAST = std::chrono::floor<milliseconds>(std::chrono::nanoseconds::max());
+  VirtualClock clock(LAST - milliseconds(10));
+  for (int sleep = 0; sleep < 3; ++sleep) {
+    clock.usleep(10'000);
+  }
+  EXPECT_EQ(clock.now(), Clock::TimePoint::max());
+}
+
 TEST(VirtualClock, TimestampsDifferByExactlyTheWholeMillisecondsSlept) {
   VirtualClock clock(START);
   std::int64_t expected = START.count();

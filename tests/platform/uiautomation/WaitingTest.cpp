@@ -128,5 +128,26 @@ TEST(SleepFor, MoreThanTheClockCanCountSaturates) {
   }
 }
 
+TEST(SleepFor, EndsWhereTheClockCannotCountAnyFurther) {
+  VirtualClock clock(START);
+  for (int sleep = 0; sleep < 3; ++sleep) {
+    sleepFor(clock, Seconds(INFINITE));
+  }
+  EXPECT_EQ(clock.now(), Clock::TimePoint::max());
+}
+
+TEST(WaitUntil, EndsWhereTheClockCannotCountAnyFurther) {
+  constexpr auto LAST = std::chrono::floor<std::chrono::milliseconds>(Clock::TimePoint::max().time_since_epoch());
+  VirtualClock clock(LAST - 120ms);
+  int checks = 0;
+  const auto never = [&checks] {
+    ++checks;
+    return false;
+  };
+  EXPECT_EQ(waitUntil(clock, Seconds(INFINITE), INTERVAL, never), XCTWaiterResult::timedOut);
+  EXPECT_EQ(checks, 4);
+  EXPECT_EQ(clock.now(), Clock::TimePoint::max());
+}
+
 }  // namespace
 }  // namespace quobrak
