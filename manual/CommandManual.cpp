@@ -1,5 +1,6 @@
 #include "manual/CommandManual.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <string_view>
 #include <variant>
@@ -83,10 +84,10 @@ std::string argumentTable(const CommandRow& row, const CommandNote& note) {
 }
 
 std::string failureTable(const std::string& title, const std::vector<Failure>& failures) {
-  std::vector<std::vector<std::string>> rows;
-  for (const Failure& failure : failures) {
-    rows.push_back({inCode(failure.message), failure.when});
-  }
+  std::vector<std::vector<std::string>> rows(failures.size());
+  std::transform(failures.begin(), failures.end(), rows.begin(), [](const Failure& failure) {
+    return std::vector{inCode(failure.message), failure.when};
+  });
   return table({title, "When"}, rows);
 }
 

@@ -119,7 +119,8 @@ constexpr std::array ROWS{
     command<&BrowserManager::prepareAndOpen>("browserPrepareAndOpen",
                                              "Clears the browser's history and data, and starts the browser anew."),
     command<&BrowserManager::prepareAndOpenForReference, UseBlankPage<1>>(
-        "browserPrepareAndOpenForReference", "Does the same, and shows a black or a blank page for a minute."),
+        "browserPrepareAndOpenForReference",
+        "Prepares and opens the browser, and shows a black or a blank page for a minute."),
 
     command<&Click::clickByText, Selector<1>>(
         "clickByText", "Taps the first element whose label, identifier or placeholder contains a text."),

@@ -1,8 +1,10 @@
 // Every example of the documentation runs, each as a test of its own.
 
+#include <algorithm>
 #include <fstream>
 #include <iterator>
 #include <map>
+#include <set>
 
 #include "manual/CommandNotes.h"
 #include "manual/CommonFailures.h"
@@ -63,6 +65,19 @@ const std::map<std::string, std::string> TOUCHES{
 /// The examples that start no application.
 const std::vector<std::string> WITHOUT_APPLICATION{"measureStart", "measureStop",   "pause",
                                                    "pressHome",    "pressVolumeUp", "pressVolumeDown"};
+
+TEST(Examples, WhatTheyTouchIsToldOfCommandsThatThereAre) {
+  std::set<std::string> commands;
+  for (const manual::CommandGroup& group : manual::commandNotes()) {
+    for (const CommandNote& note : group.notes) {
+      commands.insert(note.name);
+    }
+  }
+  for (const auto& [command, touches] : TOUCHES) {
+    EXPECT_TRUE(commands.contains(command)) << command;
+  }
+  EXPECT_THAT(commands, ::testing::IsSupersetOf(WITHOUT_APPLICATION));
+}
 
 class RunTest final : public DocumentedExample {
  public:

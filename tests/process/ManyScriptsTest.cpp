@@ -88,11 +88,11 @@ std::vector<Script> allScripts() {
 /// A screen whose elements, dump and picture are tens of kilobytes each: what a run would keep of one of them by
 /// mistake is seen.
 std::string longPage() {
-  constexpr int ROWS = 100;
+  constexpr int ROWS = 200;
   std::string rows;
   for (int row = 0; row < ROWS; ++row) {
-    rows += R"(<XCUIElementTypeStaticText label="Row )" + std::to_string(row) + R"(" x="0" y=")" +
-            std::to_string(2 * row) + R"(" width="100" height="2"/>)";
+    rows += R"(<XCUIElementTypeStaticText label="Row )" + std::to_string(row) + R"(" x="0" y=")" + std::to_string(row) +
+            R"(" width="100" height="1"/>)";
   }
   return R"(<XCUIElementTypeApplication label="Test" x="0" y="0" width="100" height="200">)" + rows +
          "</XCUIElementTypeApplication>";
@@ -191,9 +191,9 @@ TEST_F(ManyScripts, LeaveAllTheirFilesInEachIteration) {
 
 TEST_F(ManyScripts, TakeNoMoreMemoryThanTheirResults) {
   constexpr int FEW = 20;
-  // For each script its text, its status and its measures, and the variables that name it: under 2000 bytes. A leak of
-  // a picture, a dump or a screen would be of another order.
-  constexpr long MOST_FOR_EACH_SCRIPT = 4000;
+  // For each script there are its text, its status and its measures, and the variables that name it: under 2000 bytes,
+  // and a sanitizer doubles that. The rest is for what an allocator does not give back at once.
+  constexpr long MOST_FOR_EACH_SCRIPT = 8000;
   addScriptsTo(FEW);
   const long few = peakOfRun();
   addScriptsTo(SCRIPTS);

@@ -19,7 +19,9 @@ int main(int argumentCount, char** arguments) {
   ::posix_spawn_file_actions_init(&silent);
   ::posix_spawn_file_actions_addopen(&silent, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
   pid_t program = 0;
-  if (::posix_spawn(&program, arguments[1], &silent, nullptr, arguments + 1, environ) != 0) {
+  const int error = ::posix_spawn(&program, arguments[1], &silent, nullptr, arguments + 1, environ);
+  ::posix_spawn_file_actions_destroy(&silent);
+  if (error != 0) {
     std::cerr << "peakMemory: " << arguments[1] << " cannot be started\n";
     return 2;
   }
