@@ -84,7 +84,7 @@ void ApplicationReader::readRules(const JSONReader& json) {
 }
 
 void ApplicationReader::requirePage(const JSONReader& at, const std::string& name, Pages& pages) {
-  if (pages.contains(name) || faultyPages_.contains(name)) {
+  if (pages.contains(name)) {
     return;
   }
   const std::string path = folder_ + "/" + name + ".xml";
@@ -95,7 +95,6 @@ void ApplicationReader::requirePage(const JSONReader& at, const std::string& nam
   try {
     pages.emplace(name, readPageSource(*xml, phone_.size));
   } catch (const PageSourceError& error) {
-    faultyPages_.insert(name);
     for (const PageSourceFault& fault : error.faults()) {
       faults_.add(files_.nameOf(path), fault.place, fault.reason);
     }
