@@ -86,7 +86,7 @@ void ApplicationReader::readRules(const JSONReader& json) {
 }
 
 void ApplicationReader::requirePage(const JSONReader& at, const std::string& name, Pages& pages) {
-  if (pages.contains(name) || faultyPages_.contains(name)) {
+  if (pages.contains(name)) {
     return;
   }
   const std::string path = folder_ + "/" + name + ".xml";
@@ -97,7 +97,6 @@ void ApplicationReader::requirePage(const JSONReader& at, const std::string& nam
   try {
     pages.emplace(name, readPageSource(*xml, phone_.size));
   } catch (const PageSourceError& error) {
-    faultyPages_.insert(name);
     for (const PageSourceFault& fault : error.faults()) {
       faults_.add(files_.nameOf(path), TextPlace{.line = fault.line, .column = fault.column}, fault.reason);
     }

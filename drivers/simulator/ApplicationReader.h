@@ -3,7 +3,6 @@
 #include <functional>
 #include <map>
 #include <memory>
-#include <set>
 #include <string>
 
 #include "drivers/simulator/DescriptionFile.h"
@@ -48,8 +47,6 @@ class ApplicationReader {
   DescriptionFaults& faults_;
   const PhoneReferences& references_;
   DescriptionFile file_;
-  /// Pages whose faults were told.
-  std::set<std::string> faultyPages_;
   /// Whether it has addresses, which may have faults.
   bool opensAddresses_ = false;
   ApplicationDescription application_;

@@ -13,7 +13,7 @@ namespace quobrak {
 
 namespace {
 
-/// Goes over a text and tells how far it has come, however often it is copied.
+/// Goes over a text once and tells how far it has come.
 class WatchedCharacter {
  public:
   using iterator_category = std::input_iterator_tag;
@@ -27,7 +27,7 @@ class WatchedCharacter {
   reference operator*() const { return *character_; }
   WatchedCharacter& operator++() {
     ++character_;
-    *reached_ = std::max(*reached_, character_);
+    *reached_ = character_;
     return *this;
   }
   WatchedCharacter operator++(int) {
@@ -44,8 +44,8 @@ class WatchedCharacter {
 
 }  // namespace
 
-/// Follows the parser. What it tells begins with the first character, behind what it told before, that is neither blank
-/// nor a separator.
+/// Follows the parser. An element or a key that it tells begins with the first character, behind what it told before,
+/// that is neither a blank nor a comma.
 class JSONPlaces::Reader final : public nlohmann::json_sax<nlohmann::json> {
  public:
   Reader(JSONPlaces& places, std::string_view text)
@@ -93,9 +93,9 @@ class JSONPlaces::Reader final : public nlohmann::json_sax<nlohmann::json> {
   };
 
   std::size_t takeOffset() {
-    constexpr std::string_view NO_VALUES = " \t\r\n,:";
+    constexpr std::string_view BETWEEN = " \t\r\n,";
     const std::size_t told = static_cast<std::size_t>(told_ - text_.data());
-    const std::size_t start = text_.find_first_not_of(NO_VALUES, told);
+    const std::size_t start = text_.find_first_not_of(BETWEEN, told);
     told_ = reached_;
     return std::min(start, text_.size());
   }

@@ -5,6 +5,7 @@
 
 #include <chrono>
 #include <map>
+#include <optional>
 #include <string>
 #include <utility>
 #include <variant>
@@ -20,6 +21,7 @@ using quobrak::testing::MemoryPhoneFiles;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::Key;
+using ::testing::Pair;
 
 /// An application that was read from its folder, "shop".
 class ReadApplication {
@@ -230,6 +232,38 @@ TEST(ApplicationReader, APageThatIsMissingIsToldWhereverItIsNamed) {
                                "\nshop/app.json:2:49: rules[0].screen[1]: " + missing +
                                "\nshop/app.json:3:11: rules[0].do[0].show: " + missing +
                                "\nshop/app.json:3:27: rules[0].do[1].insert: " + missing);
+}
+
+/// Notes each reading.
+class CountedFiles final : public PhoneFiles {
+ public:
+  explicit CountedFiles(MemoryPhoneFiles files) : files_(std::move(files)) {}
+
+  std::optional<std::string> read(const std::string& path) const override {
+    ++counts_[path];
+    return files_.read(path);
+  }
+  std::string nameOf(const std::string& path) const override { return files_.nameOf(path); }
+
+  const std::map<std::string, int>& counts() const { return counts_; }
+
+ private:
+  MemoryPhoneFiles files_;
+  mutable std::map<std::string, int> counts_;
+};
+
+TEST(ApplicationReader, APageThatManyRulesNameIsReadOnce) {
+  const CountedFiles files(MemoryPhoneFiles(std::map<std::string, std::string>{
+      {"shop/app.json", R"({"bundleIdentifier": "a", "name": "A", "firstScreen": "start",
+                            "rules": [{"on": "screen", "screen": "start", "do": [{"show": "start"}, {"show": "start"}]},
+                                      {"on": "launch", "do": [{"insert": "toast"}, {"insert": "toast"}]}]})"},
+      {"shop/start.xml", "<Window/>"},
+      {"shop/toast.xml", "<Window/>"}}));
+  DescriptionFaults faults;
+  ApplicationReader(files, "shop", PhoneDescription(), faults, PhoneReferences()).read();
+  EXPECT_EQ(faults.text(), "");
+  EXPECT_THAT(files.counts(),
+              ElementsAre(Pair("shop/app.json", 1), Pair("shop/start.xml", 1), Pair("shop/toast.xml", 1)));
 }
 
 TEST(ApplicationReader, FaultsOfAPageAreToldOnceAndNameItsFile) {

@@ -315,8 +315,8 @@ TEST(RuleReader, EveryEffect) {
       {R"({"add": {"count": 1, "other": -3}})", "add count=1 other=-3"},
       {R"({"add": {"count": 0.0}})", "add count=0"},
       {R"({"change": "identifier == 'it'", "to": {"label": "${v}", "identifier": "i", "value": "", "placeholderValue": "p",
-          "enabled": true, "selected": false, "visible": true, "x": -1.5, "y": 2, "width": 0, "height": 4.25}})",
-       "change yes label='V' identifier='i' value='' placeholder='p' enabled=yes selected=no visible=yes x=-1.5 y=2 "
+          "enabled": true, "selected": false, "visible": true, "x": -1.5, "y": -2, "width": 0, "height": 4.25}})",
+       "change yes label='V' identifier='i' value='' placeholder='p' enabled=yes selected=no visible=yes x=-1.5 y=-2 "
        "width=0 height=4.25"},
       {R"({"change": "label == 'x'", "to": {"label": null, "identifier": null, "value": null, "placeholderValue": null,
           "enabled": false, "selected": true, "visible": false}})",

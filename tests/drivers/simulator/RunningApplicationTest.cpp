@@ -113,8 +113,8 @@ TEST_F(RunningApplicationTest, TheUpperEdgeOfAKeyboardIsThatOfTheHighestOneThatI
   EXPECT_EQ(upperEdgeOfKeyboard(*application_.screen, 200), 200);
   application_.beginEditing(named("one"), SCREEN);
   EXPECT_EQ(upperEdgeOfKeyboard(*application_.screen, 844), 844 - 292);
-  show(std::string(FIELDS) + R"(<Keyboard x="0" y="600" width="390" height="244"/>
-                                <Window><Keyboard x="0" y="500" width="390" height="344"/></Window>)");
+  show(std::string(FIELDS) + R"(<Keyboard x="0" y="500" width="390" height="344"/>
+                                <Window><Keyboard x="0" y="600" width="390" height="244"/></Window>)");
   EXPECT_EQ(upperEdgeOfKeyboard(*application_.screen, 844), 500);
 }
 
