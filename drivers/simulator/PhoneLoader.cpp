@@ -56,7 +56,7 @@ class PhoneReader {
     constexpr std::int64_t FULL = 100;
     file_.requireKnownKeys(json, {"$schema", "name", "size", "scale", "systemVersion", "volume", "delays", "values",
                                   "home", "applications"});
-  file_.attempt([&] { requireTextIfAny(json, "$schema"); });
+    file_.attempt([&] { requireTextIfAny(json, "$schema"); });
     file_.attempt([&] { phone_.name = nonEmptyText(json.member("name")); });
     file_.attempt([&] { phone_.size = readSize(file_, json.member("size")); });
     file_.attempt([&] { phone_.scale = static_cast<double>(integerBetween(json.member("scale"), 1, LARGEST_SCALE)); });

@@ -286,7 +286,8 @@ TEST(PermissionAlert, Tracking) {
 
 TEST(PermissionAlert, TrackingWithAStraightApostropheIsLeftAlone) {
   testing::TestPlatform platform(
-      GO, onLaunch(R"({"systemAlert": {"title": "Allow to track your activity across other companies' apps and websites?",
+      GO,
+      onLaunch(R"({"systemAlert": {"title": "Allow to track your activity across other companies' apps and websites?",
                                  "buttons": ["Allow", "OK"]}})"));
   EXPECT_THAT(buttonsTappedMeanwhile(platform), IsEmpty());
   EXPECT_NE(platform.phone().alert(), nullptr);
@@ -319,7 +320,8 @@ INSTANTIATE_TEST_SUITE_P(PermissionAlert, AskedPermission,
                          ::testing::Values("location", "camera", "notifications", "tracking"));
 
 TEST(PermissionAlert, MessageCountsAsWellAsTheTitle) {
-  testing::TestPlatform platform(GO, onLaunch(R"({"systemAlert": {"title": "Test", "message": "Wants TO ACCESS THE CAMERA.",
+  testing::TestPlatform platform(GO,
+                                 onLaunch(R"({"systemAlert": {"title": "Test", "message": "Wants TO ACCESS THE CAMERA.",
                                                             "buttons": ["OK"]}})"));
   EXPECT_THAT(buttonsTappedMeanwhile(platform), ElementsAre("OK"));
 }
@@ -344,8 +346,9 @@ void PrintTo(const AmbiguousAlert& alert, std::ostream* stream) {
 class AlertWithTwoOfTheTexts : public ::testing::TestWithParam<AmbiguousAlert> {};
 
 TEST_P(AlertWithTwoOfTheTexts, IsAnsweredByTheFirstInOrder) {
-  testing::TestPlatform platform(GO, onLaunch(R"({"systemAlert": {"title": ")" + GetParam().title + R"(", "message": ")" +
-                                              GetParam().message + R"(", "buttons": ["OK", "Allow", "Allow Once"]}})"));
+  testing::TestPlatform platform(
+      GO, onLaunch(R"({"systemAlert": {"title": ")" + GetParam().title + R"(", "message": ")" + GetParam().message +
+                   R"(", "buttons": ["OK", "Allow", "Allow Once"]}})"));
   EXPECT_THAT(buttonsTappedMeanwhile(platform), ElementsAre(GetParam().answer));
 }
 
