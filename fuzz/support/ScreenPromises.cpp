@@ -22,9 +22,10 @@ std::vector<const Element*> elementsOf(const Element& root) {
   return elements;
 }
 
+/// Infinite ones are known from old captures.
 bool areNumbers(const Rect& frame) {
-  return std::isfinite(frame.origin.x) && std::isfinite(frame.origin.y) && std::isfinite(frame.size.width) &&
-         std::isfinite(frame.size.height);
+  return !std::isnan(frame.origin.x) && !std::isnan(frame.origin.y) && !std::isnan(frame.size.width) &&
+         !std::isnan(frame.size.height);
 }
 
 void requireElementPromises(const Element& element) {
