@@ -124,8 +124,9 @@ class Hands {
     const bool isHittable = driver_.isHittable(touched);
     try {
       driver_.tap(touched);
-    } catch (const UIAutomationError&) {
-      require(!isHittable, "what is hittable can be tapped");
+    } catch (const UIAutomationError& error) {
+      const bool isOfRules = std::string(error.what()).ends_with("set each other off without end");
+      require(!isHittable || isOfRules, "what is hittable can be tapped");
     }
   }
   void swipeUp(std::istream& words) { driver_.swipe(element(words), SwipeDirection::up); }
