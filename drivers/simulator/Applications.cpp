@@ -334,10 +334,11 @@ void Applications::carryOut(const Reaction& reaction, const std::string& bundleI
   }
 }
 
-/// Takes a copy of the identifier, which may be that of the application in front until something else is.
-void Applications::carryOut(const std::vector<Reaction>& reactions, std::string bundleIdentifier) {
+void Applications::carryOut(const std::vector<Reaction>& reactions, const std::string& bundleIdentifier) {
+  // It may be that of the application in front, and another one may be there soon.
+  const std::string application = bundleIdentifier;
   for (const Reaction& reaction : reactions) {
-    carryOut(reaction, bundleIdentifier);
+    carryOut(reaction, application);
   }
 }
 

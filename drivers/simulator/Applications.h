@@ -142,7 +142,7 @@ class Applications {
   void dismissAlertsOf(const std::string& bundleIdentifier);
   /// It happens to an element of the application in front.
   Occurrence occurrence(RuleEvent event, const Element& element) const;
-  void carryOut(const std::vector<Reaction>& reactions, std::string bundleIdentifier);
+  void carryOut(const std::vector<Reaction>& reactions, const std::string& bundleIdentifier);
   void carryOut(const std::vector<Effect>& effects, const Context& context);
 
   // Each for an application that runs.
