@@ -10,7 +10,10 @@ struct TextPlace {
   std::size_t line = 1;
   std::size_t column = 1;
 
-  auto operator<=>(const TextPlace&) const = default;
+  bool operator==(const TextPlace&) const = default;
+  bool operator<(const TextPlace& other) const {
+    return line == other.line ? column < other.column : line < other.line;
+  }
 };
 
 /// The place of the byte at that offset, which may be one past the end, in a text of UTF-8.
