@@ -336,6 +336,7 @@ void Applications::carryOut(const Reaction& reaction, const std::string& bundleI
 
 void Applications::carryOut(const std::vector<Reaction>& reactions, const std::string& bundleIdentifier) {
   // It may be that of the application in front, and another one may be there soon.
+  // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): so the copy outlives what it is a copy of.
   const std::string application = bundleIdentifier;
   for (const Reaction& reaction : reactions) {
     carryOut(reaction, application);

@@ -169,7 +169,7 @@ class PhoneReader {
   const PhoneReferences phoneReferences_{
       .requireApplication =
           [this](DescriptionFile& file, const JSONReader& at, const std::string& bundleIdentifier) {
-            references_.push_back([=, this, &file] { requireApplication(file, at, bundleIdentifier); });
+            references_.emplace_back([=, this, &file] { requireApplication(file, at, bundleIdentifier); });
           },
       .claimAddress = [this](DescriptionFile& file, const JSONReader& at,
                              const std::string& address) { claimAddress(file, at, address); }};

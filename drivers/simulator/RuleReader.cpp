@@ -19,6 +19,7 @@ namespace {
 template <class Row>
 std::vector<std::string> namesOf(const std::vector<Row>& rows) {
   std::vector<std::string> names;
+  names.reserve(std::size(rows));
   for (const Row& row : rows) {
     names.emplace_back(row.name);
   }

@@ -106,7 +106,7 @@ class JSONPlaces::Reader final : public nlohmann::json_sax<nlohmann::json> {
     if (!open_.empty() && !open_.back().count) {
       return open_.back().member;
     }
-    const std::string keyPath = open_.empty() ? "" : keyPathOfElement(open_.back().keyPath, (*open_.back().count)++);
+    std::string keyPath = open_.empty() ? "" : keyPathOfElement(open_.back().keyPath, (*open_.back().count)++);
     places_.offsets_.insert_or_assign(keyPath, offset);
     return keyPath;
   }
