@@ -22,6 +22,7 @@ constexpr std::array EXCEPTIONS{
     Exception{"manual/ElementNotes.cpp", "texts; CommandNotesTest looks at all notes"},
     Exception{"manual/RunNotes.cpp", "texts; CommandNotesTest looks at all notes"},
     Exception{"manual/TouchNotes.cpp", "texts; CommandNotesTest looks at all notes"},
+    Exception{"host/main.cpp", "a main function cannot be linked to a test; tests/process starts the executable"},
     Exception{"runner/main.cpp", "a main function cannot be linked to a test; tests/process starts the executable"},
     Exception{"drivers/simulator/BarArt.cpp", "drawing; ScreenPainterTest looks at the picture"},
     Exception{"drivers/simulator/ContainerArt.cpp", "drawing; ScreenPainterTest looks at the picture"},
@@ -43,7 +44,8 @@ constexpr std::array EXCEPTIONS{
               "NSRegularExpressionTest and UnicodeTest find their way back through it"},
 };
 
-constexpr std::array PROGRAM_FOLDERS{"platform/", "quobrakUITests/", "drivers/", "phoneserver/", "runner/", "manual/"};
+constexpr std::array PROGRAM_FOLDERS{"platform/", "quobrakUITests/", "drivers/", "phoneserver/",
+                                     "runner/",   "manual/",         "host/"};
 
 bool isOfAProgram(const std::string& path) {
   return std::any_of(PROGRAM_FOLDERS.begin(), PROGRAM_FOLDERS.end(),

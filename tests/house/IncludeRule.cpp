@@ -30,9 +30,16 @@ const std::vector<Permission>& ours() {
       {"phoneserver/", {"platform/", "drivers/simulator/", "phoneserver/"}},
       {"runner/", {"platform/", "quobrakUITests/", "drivers/", "runner/"}},
       {"manual/", {"quobrakUITests/", "manual/"}},
-      {"tests/", {"platform/", "quobrakUITests/", "drivers/", "phoneserver/", "runner/", "manual/", "fuzz/", "tests/"}},
-      {"fuzz/", {"platform/", "quobrakUITests/", "drivers/", "phoneserver/", "tests/support/", "fuzz/"}},
-      {"benchmarks/", {"platform/", "quobrakUITests/", "drivers/", "phoneserver/", "runner/", "benchmarks/"}},
+      {"host/terminal/", {"platform/foundation/", "host/terminal/"}},
+      {"host/check/", {"platform/foundation/", "quobrakUITests/", "host/"}},
+      {"host/run/", {"platform/foundation/", "quobrakUITests/", "host/"}},
+      {"host/commands/", {"quobrakUITests/", "platform/foundation/", "manual/", "host/"}},
+      {"host/phone/", {"platform/", "drivers/simulator/", "host/"}},
+      {"host/", {"platform/foundation/", "host/"}},
+      {"tests/",
+       {"platform/", "quobrakUITests/", "drivers/", "phoneserver/", "runner/", "manual/", "host/", "fuzz/", "tests/"}},
+      {"fuzz/", {"platform/", "quobrakUITests/", "drivers/", "phoneserver/", "host/", "tests/support/", "fuzz/"}},
+      {"benchmarks/", {"platform/", "quobrakUITests/", "drivers/", "phoneserver/", "runner/", "host/", "benchmarks/"}},
   };
   return PERMISSIONS;
 }
@@ -44,7 +51,7 @@ struct Library {
 
 const std::vector<Library>& libraries() {
   static const std::vector<Library> LIBRARIES{
-      {{"unicode/"}, {"platform/foundation/icu/", "tests/drivers/xctest/standins/", "benchmarks/"}},
+      {{"unicode/"}, {"platform/foundation/icu/", "host/terminal/", "tests/drivers/xctest/standins/", "benchmarks/"}},
       {{"Foundation/", "XCTest/", "objc/", "Block.h"}, {"drivers/xctest/", "tests/drivers/xctest/", "benchmarks/"}},
       {{"nlohmann/", "simdjson.h"}, {"platform/foundation/JSON.cpp", "platform/foundation/JSONPlaces.cpp"}},
       {{"fribidi", "hb"}, {"drivers/simulator/"}},
@@ -53,13 +60,13 @@ const std::vector<Library>& libraries() {
       {{"pugixml.hpp"},
        {"drivers/simulator/", "phoneserver/", "tests/drivers/simulator/", "tests/phoneserver/", "tests/support/",
         "benchmarks/"}},
-      {{"CLI/"}, {"phoneserver/"}},
+      {{"CLI/"}, {"phoneserver/", "host/", "tests/host/"}},
       {{"libxml/"}, {"tests/oracles/", "benchmarks/"}},
       {{"curl/"}, {"drivers/webdriver/", "benchmarks/"}},
       {{"httplib.h"}, {"phoneserver/", "tests/conformance/", "tests/drivers/webdriver/", "tests/phoneserver/"}},
       {{"sodium.h"}, {"drivers/webdriver/", "phoneserver/"}},
       {{"gtest/", "gmock/"}, {"tests/"}},
-      {{"unistd.h", "fcntl.h", "stdlib.h", "grp.h", "sched.h", "spawn.h", "sys/"}, {""}},
+      {{"unistd.h", "fcntl.h", "stdlib.h", "grp.h", "pty.h", "sched.h", "signal.h", "spawn.h", "sys/"}, {""}},
   };
   return LIBRARIES;
 }

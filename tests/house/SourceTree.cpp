@@ -11,8 +11,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::array FOLDERS{"platform", "quobrakUITests", "drivers",    "phoneserver", "runner",
-                             "manual",   "tests",          "benchmarks", "fuzz"};
+constexpr std::array FOLDERS{"platform", "quobrakUITests", "drivers", "phoneserver", "runner",
+                             "manual",   "host",           "tests",   "benchmarks",  "fuzz"};
 
 bool isOfInterest(const fs::path& file) {
   return file.extension() == ".cpp" || file.extension() == ".mm" || file.extension() == ".h" ||

@@ -12,7 +12,8 @@ using ::testing::Pair;
 
 TEST(SourceTree, HoldsTheSourcesAndListsOfOurFolders) {
   const testing::TemporaryFolder root;
-  for (const char* folder : {"platform", "quobrakUITests", "drivers", "phoneserver", "manual", "benchmarks", "fuzz"}) {
+  for (const char* folder :
+       {"platform", "quobrakUITests", "drivers", "phoneserver", "manual", "host", "benchmarks", "fuzz"}) {
     std::filesystem::create_directory(root.path() / folder);
   }
   root.write("tests/deep/er/Thing.h", "header");

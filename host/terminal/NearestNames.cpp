@@ -1,0 +1,75 @@
+#include "host/terminal/NearestNames.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <utility>
+
+#include "platform/foundation/Unicode.h"
+
+namespace quobrak::host {
+
+namespace {
+
+constexpr std::size_t MOST_NAMES = 3;
+/// A shorter beginning fits too many names.
+constexpr std::size_t SHORTEST_BEGINNING = 3;
+
+/// The optimal string alignment distance, in bytes of the folded texts.
+std::size_t distance(std::string_view left, std::string_view right) {
+  std::vector<std::size_t> beforePrevious(right.size() + 1);
+  std::vector<std::size_t> previous(right.size() + 1);
+  std::vector<std::size_t> current(right.size() + 1);
+  for (std::size_t j = 0; j <= right.size(); ++j) {
+    previous[j] = j;
+  }
+  for (std::size_t i = 1; i <= left.size(); ++i) {
+    current[0] = i;
+    for (std::size_t j = 1; j <= right.size(); ++j) {
+      const std::size_t replaced = previous[j - 1] + (left[i - 1] == right[j - 1] ? 0 : 1);
+      current[j] = std::min({previous[j] + 1, current[j - 1] + 1, replaced});
+      if (i > 1 && j > 1 && left[i - 1] == right[j - 2] && left[i - 2] == right[j - 1]) {
+        current[j] = std::min(current[j], beforePrevious[j - 2] + 1);
+      }
+    }
+    beforePrevious = std::exchange(previous, std::exchange(current, beforePrevious));
+  }
+  return previous.back();
+}
+
+/// One change in three characters still looks like a slip.
+std::size_t mostChanges(std::string_view written) {
+  return std::max<std::size_t>(1, written.size() / 3);
+}
+
+}  // namespace
+
+std::vector<std::string_view> nearestNames(std::string_view written, std::span<const std::string_view> names) {
+  const std::string folded = caseFolded(trimmedBlanks(written)).text;
+  std::vector<std::pair<std::size_t, std::string_view>> candidates;
+  for (const std::string_view name : names) {
+    const std::string foldedName = caseFolded(name).text;
+    const std::size_t changes = distance(folded, foldedName);
+    const bool isBeginning = folded.size() >= SHORTEST_BEGINNING && foldedName.starts_with(folded);
+    if (changes <= mostChanges(folded) || isBeginning) {
+      candidates.emplace_back(changes, name);
+    }
+  }
+  std::stable_sort(candidates.begin(), candidates.end(),
+                   [](const auto& left, const auto& right) { return left.first < right.first; });
+  std::vector<std::string_view> nearest;
+  for (std::size_t i = 0; i < std::min(MOST_NAMES, candidates.size()); ++i) {
+    nearest.push_back(candidates[i].second);
+  }
+  return nearest;
+}
+
+std::string didYouMean(const std::vector<std::string_view>& names) {
+  std::string text;
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    const std::string_view separator = i == 0 ? "did you mean " : (i + 1 == names.size() ? " or " : ", ");
+    text.append(separator).append(names[i]);
+  }
+  return text.empty() ? "" : text + "?";
+}
+
+}  // namespace quobrak::host

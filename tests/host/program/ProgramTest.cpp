@@ -1,0 +1,96 @@
+#include "host/program/Program.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <CLI/CLI.hpp>
+#include <memory>
+
+namespace quobrak::host {
+namespace {
+
+using ::testing::HasSubstr;
+
+/// What a run of the program left.
+struct Outcome {
+  ExitStatus status;
+  std::string out;
+  std::string err;
+};
+
+Subcommand greeting(std::function<ExitStatus(const std::string& name)> greet) {
+  return {.name = "greet",
+          .summary = "Says hello",
+          .description = "It is polite.",
+          .examples = {{.line = "quobrak greet Ada", .purpose = "says hello to Ada"}},
+          .declare = [greet](CLI::App& app) {
+            const auto name = std::make_shared<std::string>();
+            app.add_option("NAME", *name, "Whom")->required();
+            return [greet, name] { return greet(*name); };
+          }};
+}
+
+Outcome run(const Subcommand& subcommand, std::vector<std::string> arguments) {
+  ::testing::internal::CaptureStdout();
+  ::testing::internal::CaptureStderr();
+  const ExitStatus status = runProgram(std::span(&subcommand, 1), std::move(arguments));
+  return {.status = status,
+          .out = ::testing::internal::GetCapturedStdout(),
+          .err = ::testing::internal::GetCapturedStderr()};
+}
+
+TEST(Program, DoesWhatTheSubcommandSaysAndEndsAsItDoes) {
+  std::string greeted;
+  const Outcome outcome = run(greeting([&greeted](const std::string& name) {
+                                greeted = name;
+                                return ExitStatus::failed;
+                              }),
+                              {"greet", "Ada"});
+  EXPECT_EQ(greeted, "Ada");
+  EXPECT_EQ(outcome.status, ExitStatus::failed);
+  EXPECT_EQ(outcome.out + outcome.err, "");
+}
+
+TEST(Program, ShowsItsHelp) {
+  const Outcome outcome = run(greeting({}), {"--help"});
+  EXPECT_EQ(outcome.status, ExitStatus::success);
+  EXPECT_THAT(outcome.out, HasSubstr("greet"));
+  EXPECT_THAT(outcome.out, HasSubstr("Says hello"));
+}
+
+TEST(Program, ShowsTheHelpOfASubcommandWithItsExamples) {
+  const Outcome outcome = run(greeting({}), {"greet", "--help"});
+  EXPECT_EQ(outcome.status, ExitStatus::success);
+  EXPECT_THAT(outcome.out, HasSubstr("Whom"));
+  EXPECT_THAT(outcome.out, HasSubstr("It is polite.\n\nExamples:\n  quobrak greet Ada\n      says hello to Ada\n"));
+}
+
+TEST(Program, TellsItsVersion) {
+  const Outcome outcome = run(greeting({}), {"--version"});
+  EXPECT_EQ(outcome.status, ExitStatus::success);
+  EXPECT_EQ(outcome.out, "quobrak 1.0.0\n");
+}
+
+TEST(Program, RefusesArgumentsThatItDoesNotKnow) {
+  const Outcome outcome = run(greeting({}), {"greet", "Ada", "--loudly"});
+  EXPECT_EQ(outcome.status, ExitStatus::badUse);
+  EXPECT_EQ(outcome.out, "");
+  EXPECT_THAT(outcome.err, HasSubstr("--loudly"));
+}
+
+TEST(Program, ReportsUseThatMakesNoSense) {
+  const Outcome outcome =
+      run(greeting([](const std::string&) -> ExitStatus { throw UseError("not that name"); }), {"greet", "Ada"});
+  EXPECT_EQ(outcome.status, ExitStatus::badUse);
+  EXPECT_EQ(outcome.err, "quobrak: not that name\n");
+}
+
+TEST(Program, ReportsWhatFailedAroundIt) {
+  const Outcome outcome = run(
+      greeting([](const std::string&) -> ExitStatus { throw EnvironmentError("the disk is full"); }), {"greet", "Ada"});
+  EXPECT_EQ(outcome.status, ExitStatus::environmentFailed);
+  EXPECT_EQ(outcome.err, "quobrak: the disk is full\n");
+}
+
+}  // namespace
+}  // namespace quobrak::host

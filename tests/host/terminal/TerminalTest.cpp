@@ -1,0 +1,125 @@
+#include "host/terminal/Terminal.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <pty.h>
+#include <unistd.h>
+
+#include <map>
+
+namespace quobrak::host {
+namespace {
+
+using Variables = std::map<std::string, std::string>;
+
+Terminal terminalWith(int descriptor, const Variables& variables) {
+  return terminalOf(descriptor, [&variables](const std::string& name) {
+    const auto found = variables.find(name);
+    return found == variables.end() ? std::nullopt : std::optional(found->second);
+  });
+}
+
+/// The side of a pseudo terminal that a program writes to.
+class PseudoTerminal {
+ public:
+  explicit PseudoTerminal(unsigned short columns) {
+    const winsize size{.ws_row = 24, .ws_col = columns, .ws_xpixel = 0, .ws_ypixel = 0};
+    EXPECT_EQ(::openpty(&controller_, &terminal_, nullptr, nullptr, &size), 0);
+  }
+  ~PseudoTerminal() {
+    ::close(controller_);
+    ::close(terminal_);
+  }
+  PseudoTerminal(const PseudoTerminal&) = delete;
+  PseudoTerminal& operator=(const PseudoTerminal&) = delete;
+
+  int descriptor() const { return terminal_; }
+
+ private:
+  int controller_ = -1;
+  int terminal_ = -1;
+};
+
+TEST(Terminal, IsInteractiveAndHasColourWhereATerminalIs) {
+  const PseudoTerminal pseudo(123);
+  const Terminal terminal = terminalWith(pseudo.descriptor(), {{"TERM", "xterm"}});
+  EXPECT_TRUE(terminal.isInteractive);
+  EXPECT_TRUE(terminal.hasColour);
+  EXPECT_EQ(terminal.width, 123U);
+}
+
+TEST(Terminal, HasNoColourWhereItIsUnwanted) {
+  const PseudoTerminal pseudo(80);
+  EXPECT_FALSE(terminalWith(pseudo.descriptor(), {{"TERM", "xterm"}, {"NO_COLOR", "1"}}).hasColour);
+  EXPECT_TRUE(terminalWith(pseudo.descriptor(), {{"TERM", "xterm"}, {"NO_COLOR", ""}}).hasColour);
+}
+
+TEST(Terminal, IsNotInteractiveWhereItIsDumbOrUnknown) {
+  const PseudoTerminal pseudo(80);
+  EXPECT_FALSE(terminalWith(pseudo.descriptor(), {{"TERM", "dumb"}}).isInteractive);
+  EXPECT_FALSE(terminalWith(pseudo.descriptor(), {}).isInteractive);
+}
+
+TEST(Terminal, IsNoTerminalWhereAFileIs) {
+  const int file = ::open("/dev/null", O_WRONLY | O_CLOEXEC);
+  const Terminal terminal = terminalWith(file, {{"TERM", "xterm"}});
+  ::close(file);
+  EXPECT_FALSE(terminal.isInteractive);
+  EXPECT_FALSE(terminal.hasColour);
+  EXPECT_EQ(terminal.width, 80U);
+}
+
+TEST(Terminal, UsesTheUsualWidthWhereATerminalDoesNotTellIts) {
+  const PseudoTerminal pseudo(0);
+  EXPECT_EQ(terminalWith(pseudo.descriptor(), {{"TERM", "xterm"}}).width, 80U);
+}
+
+TEST(Terminal, StylesTextOnlyWhereThereIsColour) {
+  const Terminal coloured{.isInteractive = true, .hasColour = true};
+  EXPECT_EQ(coloured.styled(Style::red, "no"), "\x1b[31mno\x1b[0m");
+  EXPECT_EQ(coloured.styled(Style::bold, "no"), "\x1b[1mno\x1b[0m");
+  EXPECT_EQ(coloured.styled(Style::plain, "no"), "no");
+  EXPECT_EQ(coloured.styled(Style::red, ""), "");
+  EXPECT_EQ(Terminal{}.styled(Style::red, "no"), "no");
+}
+
+TEST(DisplayWidth, CountsColumns) {
+  EXPECT_EQ(displayWidth(""), 0U);
+  EXPECT_EQ(displayWidth("Über"), 4U);
+  EXPECT_EQ(displayWidth("設定"), 4U);
+  EXPECT_EQ(displayWidth("😀"), 2U);
+  EXPECT_EQ(displayWidth("e\u0301"), 1U);
+  EXPECT_EQ(displayWidth("a\u200Db"), 2U);
+  EXPECT_EQ(displayWidth("\x1b[31mred\x1b[0m"), 3U);
+  EXPECT_EQ(displayWidth("\xFF"), 1U);
+}
+
+TEST(DisplayWidth, TakesNoOtherSequenceForAStyle) {
+  EXPECT_EQ(displayWidth("\x1b[31"), 3U);
+  EXPECT_EQ(displayWidth("\x1b[2Ja"), 4U);
+}
+
+TEST(Padded, AddsBlanksUpToTheColumns) {
+  EXPECT_EQ(padded("設", 4), "設  ");
+  EXPECT_EQ(padded("long", 2), "long");
+}
+
+TEST(Shown, ReplacesWhatWouldMoveTheCursor) {
+  EXPECT_EQ(shown("a\x1b[2Jb"), "a␛[2Jb");
+  EXPECT_EQ(shown("a\tb\x7F"), "a␉b␡");
+  EXPECT_EQ(shown(std::string_view("\0", 1)), "␀");
+  EXPECT_EQ(shown("\xC2\x9B"), "\uFFFD");
+  EXPECT_EQ(shown("ab\xFF"), "ab\uFFFD");
+  EXPECT_EQ(shown("Über 設定"), "Über 設定");
+}
+
+TEST(Shortened, EndsWithAnEllipsisWhereSomethingIsCutOff) {
+  EXPECT_EQ(shortened("abcdef", 6), "abcdef");
+  EXPECT_EQ(shortened("abcdef", 5), "abcd…");
+  EXPECT_EQ(shortened("設定設定", 4), "設…");
+  EXPECT_EQ(shortened("ab", 1), "…");
+  EXPECT_EQ(shortened("ab", 0), "");
+}
+
+}  // namespace
+}  // namespace quobrak::host
