@@ -4,8 +4,8 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <array>
 #include <iostream>
-#include <map>
 #include <memory>
 #include <utility>
 
@@ -20,20 +20,26 @@ namespace quobrak::host {
 
 namespace {
 
-enum class Format { text, json, sarif };
+constexpr std::array<std::string_view, 3> FORMATS{"text", "json", "sarif"};
+
+/// What is wrong with the name of a format; empty where nothing is.
+std::string formatFault(const std::string& name) {
+  const bool isKnown = std::find(FORMATS.begin(), FORMATS.end(), name) != FORMATS.end();
+  return isKnown ? "" : "expected text, json or sarif, not " + shown(name);
+}
 
 struct Options {
   std::vector<std::string> paths;
   VariableOptions variables;
-  Format format = Format::text;
+  std::string format = "text";
   bool isQuiet = false;
   bool areWarningsErrors = false;
 };
 
 void print(const Options& options, const std::vector<Finding>& findings, const std::vector<ScriptSource>& scripts) {
-  if (options.format == Format::json) {
+  if (options.format == "json") {
     std::cout << asJSON(findings, scripts) << std::endl;
-  } else if (options.format == Format::sarif) {
+  } else if (options.format == "sarif") {
     std::cout << asSARIF(findings, scripts) << std::endl;
   } else {
     std::cout << inWords(findings, scripts, terminalOf(STDOUT_FILENO, ProcessInfo::environmentVariable));
@@ -66,10 +72,9 @@ std::function<ExitStatus()> declare(CLI::App& app) {
                  "Scripts, folders of scripts (all files below them that end in .txt), or - for standard input")
       ->required();
   declareVariableOptions(app, options->variables);
-  const std::map<std::string, Format> formats{{"text", Format::text}, {"json", Format::json}, {"sarif", Format::sarif}};
   app.add_option("--format", options->format, "How findings are written: text, json or sarif")
-      ->transform(CLI::Transformer(formats).description(""))
-      ->type_name("FORMAT");
+      ->type_name("FORMAT")
+      ->check(formatFault);
   app.add_flag("-q,--quiet", options->isQuiet, "Tell of errors alone, without a summary");
   app.add_flag("--warnings-as-errors", options->areWarningsErrors, "Take each warning for an error");
   return [options] { return run(*options); };

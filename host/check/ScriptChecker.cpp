@@ -92,7 +92,7 @@ class ScriptChecker {
                 .outcome = Outcome::failsScript,
                 .stage = Stage::preparation,
                 .message = missingVariableCause(note.name),
-                .hint = broughtBy + "pass it with --var " + note.name + "=…"};
+                .hint = broughtBy + hintForMissing(note.name)};
       case ReferenceNote::Kind::endless:
         return {.rule = Rule::endlessVariable,
                 .severity = Severity::error,
@@ -109,6 +109,21 @@ class ScriptChecker {
                 .hint = broughtBy + "put it before emoji and other characters of several parts"};
     }
     return {};
+  }
+
+  std::string hintForMissing(const std::string& name) const {
+    const std::string pass = "pass it with --var " + name + "=…";
+    // A shorter name is near to any other.
+    constexpr std::size_t SHORTEST_SLIP = 3;
+    if (name.size() < SHORTEST_SLIP) {
+      return pass;
+    }
+    std::vector<std::string_view> names;
+    for (const auto& [known, value] : context_.variables) {
+      names.emplace_back(known);
+    }
+    const std::string near = didYouMean(nearestNames(name, names));
+    return near.empty() ? pass : near + " Or " + pass;
   }
 
   void checkCommand(const CheckedLine& line) {
@@ -129,14 +144,27 @@ class ScriptChecker {
   }
 
   static Problem unknownCommand(std::string_view name, const std::vector<std::string_view>& near) {
-    const bool isOnlyBlank = !near.empty() && trimmedBlanks(name) == near.front();
     return {.rule = Rule::unknownCommand,
             .severity = Severity::error,
             .outcome = Outcome::failsScript,
             .stage = Stage::arguments,
             .message = unknownCommandMessage(name),
-            .hint = isOnlyBlank ? "a blank before the comma belongs to the name: write " + std::string(near.front())
-                                : didYouMean(near)};
+            .hint = hintForUnknown(name, near)};
+  }
+
+  static std::string hintForUnknown(std::string_view name, const std::vector<std::string_view>& near) {
+    if (near.empty()) {
+      return "";
+    }
+    const std::string nearest(near.front());
+    const std::string_view trimmed = trimmedBlanks(name);
+    if (trimmed == nearest) {
+      return "a blank before the comma belongs to the name: write " + nearest;
+    }
+    if (caseFolded(trimmed).text == caseFolded(nearest).text) {
+      return "small and capital letters differ: write " + nearest;
+    }
+    return didYouMean(near);
   }
 
   std::size_t number_;

@@ -1,5 +1,6 @@
 #include "host/check/TextFault.h"
 
+#include <algorithm>
 #include <array>
 #include <optional>
 
@@ -13,33 +14,16 @@ namespace {
 
 constexpr std::string_view MARK_OF_UTF8 = "\xEF\xBB\xBF";
 
-/// The first byte of the first sequence that is no UTF-8. There must be one.
-std::size_t firstIllFormed(std::string_view bytes) {
-  // What is well-formed up to a place stays so up to any place before it where a character begins.
-  std::size_t good = 0;
-  std::size_t bad = bytes.size();
-  while (good < bad) {
-    std::size_t middle = good + (bad - good) / 2;
-    while (middle > good && (static_cast<unsigned char>(bytes[middle]) & 0xC0U) == 0x80U) {
-      --middle;
-    }
-    if (middle == good) {
-      break;
-    }
-    (isUTF8(bytes.substr(good, middle - good)) ? good : bad) = middle;
+/// Where the first sequence that is no UTF-8 begins. There must be one. `repaired` is the text with U+FFFD in place of
+/// those.
+std::size_t firstIllFormed(std::string_view bytes, std::string_view repaired) {
+  const auto difference = std::mismatch(bytes.begin(), bytes.end(), repaired.begin(), repaired.end()).second;
+  auto at = static_cast<std::size_t>(difference - repaired.begin());
+  // What is ill-formed may begin as its replacement does.
+  while (at > 0 && (static_cast<unsigned char>(repaired[at]) & 0xC0U) == 0x80U) {
+    --at;
   }
-  // Less than two characters are left to look at.
-  while (good < bad) {
-    std::size_t next = good + 1;
-    while (next < bytes.size() && (static_cast<unsigned char>(bytes[next]) & 0xC0U) == 0x80U) {
-      ++next;
-    }
-    if (!isUTF8(bytes.substr(good, next - good))) {
-      break;
-    }
-    good = next;
-  }
-  return good;
+  return at;
 }
 
 std::string inHexadecimal(char byte) {
@@ -75,12 +59,12 @@ TextFault textFaultIn(std::string_view bytes) {
             .text = ""};
   }
   bytes.remove_prefix(bytes.starts_with(MARK_OF_UTF8) ? MARK_OF_UTF8.size() : 0);
-  const std::size_t at = firstIllFormed(bytes);
+  const std::string text = repairedUTF8(bytes);
+  const std::size_t at = firstIllFormed(bytes, text);
   TextFault fault{.line = 1,
                   .column = 1,
                   .words = "the byte " + inHexadecimal(bytes[at]) + " is no UTF-8: save the file as UTF-8",
                   .text = ""};
-  const std::string text = repairedUTF8(bytes);
   // As many bytes before the place in both.
   ScriptLines lines(text);
   while (const auto line = lines.next()) {
