@@ -80,6 +80,10 @@ std::string_view nameOf(RunKind kind) {
   return "";
 }
 
+std::string_view inWords(ScriptOutcome outcome) {
+  return outcome == ScriptOutcome::notRun ? "not run" : nameOf(outcome);
+}
+
 std::string titleOf(const RunRecord& run, std::size_t script) {
   const RunScript& named = run.scripts.at(script);
   const std::string name = named.name.empty() ? std::string(unnamedTitle(run.kind)) : named.name;

@@ -18,6 +18,9 @@ std::string_view nameOf(IterationOutcome outcome);
 /// As `results.json` writes them: "scripts", "command", "reference".
 std::string_view nameOf(RunKind kind);
 
+/// As people read it: "not run".
+std::string_view inWords(ScriptOutcome outcome);
+
 /// "Shop/order"; where there is no suite the script's name, and where that is missing too, what is run. It is to be
 /// shown as it is: control characters are replaced.
 std::string titleOf(const RunRecord& run, std::size_t script);

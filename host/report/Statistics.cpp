@@ -138,6 +138,14 @@ void OutcomeCounts::count(ScriptOutcome outcome) {
   }
 }
 
+OutcomeCounts& OutcomeCounts::operator+=(const OutcomeCounts& other) {
+  passed += other.passed;
+  failed += other.failed;
+  aborted += other.aborted;
+  notRun += other.notRun;
+  return *this;
+}
+
 std::vector<OutcomeCounts> outcomeCountsOf(const RunRecord& run) {
   std::vector<OutcomeCounts> counts(run.scripts.size());
   for (const IterationRecord& iteration : run.iterations) {

@@ -54,6 +54,7 @@ struct OutcomeCounts {
   std::size_t notRun = 0;
 
   void count(ScriptOutcome outcome);
+  OutcomeCounts& operator+=(const OutcomeCounts& other);
   bool operator==(const OutcomeCounts&) const = default;
 };
 

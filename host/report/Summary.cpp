@@ -66,7 +66,7 @@ std::string firstFailure(const RunRecord& run, std::size_t index) {
     for (const ScriptRecord& script : iteration.scripts) {
       if (script.script == index && isFailure(script)) {
         const std::string failure = failureIn(script.line, causeOf(script));
-        return "  " + titleOf(run, index) + ", " + titleOf(iteration) + ", " + std::string(nameOf(script.outcome)) +
+        return "  " + titleOf(run, index) + ", " + titleOf(iteration) + ", " + std::string(inWords(script.outcome)) +
                (failure.empty() ? "" : ": " + failure) + "\n";
       }
     }
