@@ -1,8 +1,8 @@
 #include "host/run/ChildProcess.h"
 
 #include <fcntl.h>
-#include <sys/pidfd.h>
 #include <sys/prctl.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -57,6 +57,11 @@ std::vector<char*> pointersTo(std::vector<std::string>& texts) {
   return pointers;
 }
 
+/// The library's own function cannot be called from C++ in this version of it (its header lacks extern "C").
+FileDescriptor openProcess(pid_t process) {
+  return FileDescriptor(static_cast<int>(::syscall(SYS_pidfd_open, process, 0)));
+}
+
 /// Gives back what this program changed for itself, and ties the child's life to it.
 bool prepareChild(pid_t parent, int output) {
   sigset_t none{};
@@ -64,9 +69,10 @@ bool prepareChild(pid_t parent, int output) {
   ::pthread_sigmask(SIG_SETMASK, &none, nullptr);
   std::signal(SIGPIPE, SIG_DFL);
   const int input = ::open("/dev/null", O_RDONLY | O_CLOEXEC);
-  const bool isReady = ::setpgid(0, 0) == 0 && ::prctl(PR_SET_PDEATHSIG, SIGKILL) == 0 &&
-                       ::dup2(input, STDIN_FILENO) != -1 && ::dup2(output, STDOUT_FILENO) != -1 &&
-                       ::dup2(output, STDERR_FILENO) != -1;
+  constexpr unsigned FIRST = 3;
+  const bool isReady = ::close_range(FIRST, ~0U, CLOSE_RANGE_CLOEXEC) == 0 && ::setpgid(0, 0) == 0 &&
+                       ::prctl(PR_SET_PDEATHSIG, SIGKILL) == 0 && ::dup2(input, STDIN_FILENO) != -1 &&
+                       ::dup2(output, STDOUT_FILENO) != -1 && ::dup2(output, STDERR_FILENO) != -1;
   if (::getppid() != parent) {
     // It ended before the child could be tied to it.
     ::_exit(EXIT_FAILURE);
@@ -98,7 +104,7 @@ ChildProcess::ChildProcess(const ChildStart& start) {
   }
   // The child does the same; whoever comes first has done it in time.
   ::setpgid(process_, process_);
-  descriptor_ = FileDescriptor(::pidfd_open(process_, 0));
+  descriptor_ = openProcess(process_);
   const int openingError = errno;
   errors.writer.close();
   int error = 0;

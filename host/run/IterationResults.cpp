@@ -72,30 +72,37 @@ void endScript(ScriptRecord& script, const std::optional<RunLine>& line, const s
   script.line = line;
 }
 
+std::string titleOf(const RunScript& script) {
+  return script.suite.empty() ? script.name : script.suite + "/" + script.name;
+}
+
 ProcessPlace placeOf(const RunRecord& run, const IterationRecord& iteration, const IterationProgress& progress) {
   if (!progress.runningScript()) {
     return {};
   }
   const RunScript& script = run.scripts.at(iteration.scripts.at(*progress.runningScript()).script);
-  return {.script = script.suite + "/" + script.name, .line = progress.runningLine()};
+  return {.script = titleOf(script), .line = progress.runningLine()};
 }
 
-/// A command leaves no statuses: it passed where the process did.
+/// Whether the trace tells of the end of each script. A test process that cannot write it any more runs on without it.
+bool isTraceWhole(const IterationRecord& iteration) {
+  return std::all_of(iteration.scripts.begin(), iteration.scripts.end(),
+                     [](const ScriptRecord& script) { return script.duration.has_value(); });
+}
+
+/// A command leaves no statuses: it passed where the process did, and failed where the process raised.
 void takeCommand(const RunScript& command, const ProcessEnd& end, std::string_view output, IterationRecord& iteration) {
   ScriptRecord& script = iteration.scripts.front();
-  const RunLine line{.number = 1, .text = command.name};
-  const bool hasRaised = end.how.exitStatus == EXIT_STATUS_FAILED;
-  ProcessVerdict verdict =
-      hasRaised ? ProcessVerdict()
-                : verdictOf(end, output, {.script = command.suite + "/" + command.name, .line = std::nullopt});
-  if (hasRaised) {
+  if (end.how.exitStatus == EXIT_STATUS_FAILED) {
     script.outcome = ScriptOutcome::failed;
     script.cause = caughtErrorIn(output);
-    script.line = line;
-  } else if (verdict.outcome == IterationOutcome::finished) {
+    return;
+  }
+  ProcessVerdict verdict = verdictOf(end, output, {.script = titleOf(command), .line = std::nullopt});
+  if (verdict.outcome == IterationOutcome::finished) {
     script.outcome = ScriptOutcome::passed;
   } else if (verdict.outcome != IterationOutcome::misconfigured) {
-    endScript(script, line, verdict.cause);
+    endScript(script, std::nullopt, verdict.cause);
   }
   iteration.outcome = verdict.outcome;
   iteration.message = std::move(verdict.message);
@@ -126,6 +133,10 @@ std::vector<std::string> collectResults(const RunRecord& run, const fs::path& do
   iteration.outcome = verdict.outcome;
   iteration.message = std::move(verdict.message);
   std::vector<std::string> notices;
+  if (iteration.outcome == IterationOutcome::finished && !isTraceWhole(iteration)) {
+    notices.push_back("The trace of this iteration is incomplete; what could not be written is told in " +
+                      (iteration.folder / OUTPUT_FILE).string());
+  }
   assignMeasures(readMeasures(documents / "measures", notices), progress.steps(), iteration, notices);
   return notices;
 }

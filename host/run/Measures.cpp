@@ -81,7 +81,7 @@ void assignMeasures(std::vector<MeasuredStep> measures, const std::vector<Traced
       measures.erase(measure);
     } else if (iteration.outcome == IterationOutcome::finished) {
       iteration.scripts.at(position).steps.push_back(step);
-      notices.push_back("The step " + step.name + " has no measure file; its times are those of the trace.");
+      notices.push_back("The step " + step.name + " has no measure file; its times are those of the trace");
     }
   }
   ScriptRecord* const script = lastBegun(iteration);
@@ -89,7 +89,7 @@ void assignMeasures(std::vector<MeasuredStep> measures, const std::vector<Traced
     if (script != nullptr) {
       script->steps.push_back(measure);
       notices.push_back("The trace does not tell which script has measured the step " + measure.name +
-                        "; it is counted to the last one.");
+                        "; it is counted to the last one");
     }
   }
 }
