@@ -26,13 +26,4 @@ Integer checkedSubtract(Integer left, Integer right, std::string_view what) {
   return difference;
 }
 
-template <std::signed_integral Integer>
-Integer checkedMultiply(Integer left, Integer right, std::string_view what) {
-  Integer product{};
-  if (__builtin_mul_overflow(left, right, &product)) {
-    fatalError(what);
-  }
-  return product;
-}
-
 }  // namespace quobrak

@@ -57,7 +57,7 @@ void Click::clickByPercent(std::int64_t xPercentage, std::int64_t yPercentage) {
 
 void Click::clickOnLastElementFound() {
   if (!Find::lastElementFound) {
-    throw FWKTError::fdslError("Please search for an element before using this method");
+    throw FWKTError::fdslError(NOTHING_FOUND_YET);
   }
   tapIfHittable(*Find::lastElementFound);
 }

@@ -36,6 +36,9 @@ class Click : public XCTestCase {
   /// Taps a point in percent of the application's frame. Beyond 0 to 100 it lies outside.
   static void clickByPercent(std::int64_t xPercentage, std::int64_t yPercentage);
 
+  /// What `clickOnLastElementFound` raises where no search has found anything yet.
+  static constexpr const char* NOTHING_FOUND_YET = "Please search for an element before using this method";
+
   /// Taps `Find::lastElementFound`.
   static void clickOnLastElementFound();
 };

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -28,6 +29,38 @@ using ArgumentDefault = std::variant<std::monostate, std::int64_t, bool>;
 /// an absent field stops the process.
 enum class Reading { checked, direct };
 
+/// What an argument stands for, where that is more than its unit tells.
+enum class Meaning {
+  other,
+  bundleId,
+  partOfText,
+  /// A regular expression.
+  pattern,
+  className,
+  /// Of an element among those that are found.
+  rank,
+  stepName,
+  /// A time that is slept in one piece.
+  pause,
+  swipeCount,
+  percent,
+  /// A distance in points, as it is written.
+  distance
+};
+
+/// What becomes of a run that comes to something wrong.
+enum class Consequence { goesOn, failsScript, stopsProcess };
+
+/// What is wrong with a value that can be read.
+struct ValueFault {
+  /// What the run tells of it, letter for letter; words of its own where the run goes on in silence.
+  std::string message;
+  Consequence consequence = Consequence::failsScript;
+};
+
+/// Whether a command minds a value before it asks for the application that it acts on, or behind that.
+enum class Moment { beforeApplication, withApplication };
+
 /// One argument of a command, in words.
 struct ArgumentInfo {
   /// The field that holds it, counted from 0, where field 0 is the command's name.
@@ -38,6 +71,12 @@ struct ArgumentInfo {
   Reading reading = Reading::checked;
   /// Reads the argument as the command would, and drops it: raises or stops as the command would. The row sets it.
   void (*check)(FunctionParameters fields) = nullptr;
+  Meaning meaning = Meaning::other;
+  /// What is wrong with the value, of which the command minds more than that it can be read; none where it will do.
+  /// Asks no phone, and changes nothing. Null where any value will do. Only for fields that `check` has nothing
+  /// against.
+  std::optional<ValueFault> (*fault)(FunctionParameters fields, std::size_t field) = nullptr;
+  Moment faultMoment = Moment::beforeApplication;
 };
 
 /// What the process stops with where the field of a direct argument is absent.
@@ -76,6 +115,36 @@ struct CheckedField {
   static auto read(FunctionParameters fields) { return Getter(fields, Field); }
 };
 
+/// An argument, with what it stands for and what its command minds of it (see `ArgumentInfo`).
+template <class Argument, Meaning MeaningOfValue, auto Fault = nullptr, Moment FaultMoment = Moment::beforeApplication>
+struct Meant : Argument {
+  static constexpr ArgumentInfo INFO = [] {
+    ArgumentInfo info = Argument::INFO;
+    info.meaning = MeaningOfValue;
+    info.fault = Fault;
+    info.faultMoment = FaultMoment;
+    return info;
+  }();
+};
+
+/// What a command needs of the run before it and leaves to the commands behind it, as far as that is certain without a
+/// phone.
+struct CommandEffects {
+  /// The application that commands act on.
+  enum class Application { unused, needed, started };
+  /// The last element found. What remembers one may also find none.
+  enum class Search { unused, needed, remembered };
+  /// The measured step.
+  enum class Step { unused, begun, ended };
+
+  Application application = Application::unused;
+  Search search = Search::unused;
+  Step step = Step::unused;
+  /// What stops the process where no application was started, whose words `reason` has; null where the command then
+  /// only fails. Only for fields that all arguments have nothing against.
+  std::string (*stopWithoutApplication)(FunctionParameters fields, std::string_view reason) = nullptr;
+};
+
 /// One command.
 struct CommandRow {
   static constexpr std::size_t MOST_ARGUMENTS = 3;
@@ -87,6 +156,7 @@ struct CommandRow {
   std::size_t argumentCount;
   /// Reads the arguments from the fields, from left to right, all of them, and then carries the command out.
   void (*run)(FunctionParameters fields);
+  CommandEffects effects;
 
   constexpr std::span<const ArgumentInfo> arguments() const { return {argumentInfos.data(), argumentCount}; }
 };
@@ -112,9 +182,10 @@ constexpr ArgumentInfo checkable() {
 
 /// The row of a command that calls `Operation` with its arguments, in the order of the operation's parameters.
 template <auto Operation, class... Arguments>
-constexpr CommandRow command(std::string_view name, std::string_view summary) {
+constexpr CommandRow command(std::string_view name, std::string_view summary, CommandEffects effects = {}) {
   static_assert(sizeof...(Arguments) <= CommandRow::MOST_ARGUMENTS);
-  return {name, summary, {checkable<Arguments>()...}, sizeof...(Arguments), &runCommand<Operation, Arguments...>};
+  return {name,   summary, {checkable<Arguments>()...}, sizeof...(Arguments), &runCommand<Operation, Arguments...>,
+          effects};
 }
 
 enum class TableFault { none, wrongNumberOfRows, emptyName, duplicateName, emptySummary };

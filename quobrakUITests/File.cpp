@@ -19,8 +19,12 @@ std::string File::readFileInDocumentDirectory(const std::string& path) {
   try {
     return FileManager::defaultManager().readText(urlOf(path));
   } catch (const FileManagerError&) {
-    throw FWKTError::documentDirectoryError("The file " + path + " is missing in the document directory");
+    throw FWKTError::documentDirectoryError(missingFileMessage(path));
   }
+}
+
+std::string File::missingFileMessage(const std::string& path) {
+  return "The file " + path + " is missing in the document directory";
 }
 
 void File::writeFileToDocumentDirectory(const std::string& path, DataView data) {

@@ -14,6 +14,8 @@ class File {
 
   /// The text of a file. Whatever is wrong with the file, the message says that it is missing.
   static std::string readFileInDocumentDirectory(const std::string& path);
+  /// That message.
+  static std::string missingFileMessage(const std::string& path);
 
   /// Writes a file, replacing what it held, and creates its folder where that is missing.
   static void writeFileToDocumentDirectory(const std::string& path, DataView data);

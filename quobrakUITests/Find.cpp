@@ -36,19 +36,15 @@ constexpr std::array CLASS_NAMES{
     ClassName{"Window", ElementType::window},
 };
 
-ElementType classNamed(std::string_view name) {
-  const auto found = std::find_if(CLASS_NAMES.begin(), CLASS_NAMES.end(),
-                                  [name](const ClassName& candidate) { return candidate.name == name; });
-  if (found == CLASS_NAMES.end()) {
-    throw FWKTError::fdslError("The expected class " + std::string(name) + " does not exist");
-  }
-  return found->type;
+const ClassName* classNamed(std::string_view name) {
+  const auto* const found = std::find_if(CLASS_NAMES.begin(), CLASS_NAMES.end(),
+                                         [name](const ClassName& candidate) { return candidate.name == name; });
+  return found == CLASS_NAMES.end() ? nullptr : found;
 }
 
-void requireRank(std::int64_t nthElement) {
-  if (nthElement < 1) {
-    // Host tools know the message, though 1 is accepted.
-    throw FWKTError::fdslError("nthElement should be an integer greater than 1");
+void requireNone(const std::optional<std::string>& fault) {
+  if (fault) {
+    throw FWKTError::fdslError(*fault);
   }
 }
 
@@ -91,7 +87,7 @@ bool isFound(const TextSearch& search) {
 std::optional<XCUIElement> Find::lastElementFound;
 
 XCUIElement Find::findByText(const TextSearch& search) {
-  requireRank(search.nthElement);
+  requireNone(rankFault(search.nthElement));
   const NSPredicate predicate = textPredicate(search);
   const XCUIApplication app = TestContext::shared().getTestingApp();
   return pickNth(app.descendants(ElementType::any).matching(predicate), search.nthElement,
@@ -99,11 +95,12 @@ XCUIElement Find::findByText(const TextSearch& search) {
 }
 
 XCUIElement Find::findByClass(const ClassSearch& search) {
-  const ElementType type = classNamed(search.selector);
-  requireRank(search.nthElement);
+  requireNone(classNameFault(search.selector));
+  requireNone(rankFault(search.nthElement));
   const XCUIApplication app = TestContext::shared().getTestingApp();
-  return pickNth(app.descendants(type).matching(NSPredicate("enabled == %@", {search.isEnabled})), search.nthElement,
-                 "class " + std::string(search.selector));
+  return pickNth(
+      app.descendants(classNamed(search.selector)->type).matching(NSPredicate("enabled == %@", {search.isEnabled})),
+      search.nthElement, "class " + std::string(search.selector));
 }
 
 bool Find::isTextExists(std::string_view selector) {
@@ -112,6 +109,29 @@ bool Find::isTextExists(std::string_view selector) {
 
 bool Find::isTextExactExists(std::string_view selector) {
   return isFound({.selector = selector, .nthElement = 1, .isEnabled = true, .isTextExact = true});
+}
+
+std::optional<std::string> Find::rankFault(std::int64_t nthElement) {
+  if (nthElement >= 1) {
+    return std::nullopt;
+  }
+  // Host tools know the message, though 1 is accepted.
+  return "nthElement should be an integer greater than 1";
+}
+
+std::optional<std::string> Find::classNameFault(std::string_view name) {
+  if (classNamed(name) != nullptr) {
+    return std::nullopt;
+  }
+  return "The expected class " + std::string(name) + " does not exist";
+}
+
+std::vector<std::string_view> Find::classNames() {
+  std::vector<std::string_view> names;
+  for (const ClassName& className : CLASS_NAMES) {
+    names.push_back(className.name);
+  }
+  return names;
 }
 
 bool labelContains(const XCUIElement& element, std::string_view text) {

@@ -2,7 +2,9 @@
 
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/uiautomation/XCTestCase.h"
 #include "platform/uiautomation/XCUIElement.h"
@@ -49,6 +51,15 @@ class Find : public XCTestCase {
 
   /// The same for a regular expression that matches the whole text.
   static bool isTextExactExists(std::string_view selector);
+
+  /// What searches raise for that rank; none where it is one.
+  static std::optional<std::string> rankFault(std::int64_t nthElement);
+
+  /// What `findByClass` raises for that name; none where it is the name of a class.
+  static std::optional<std::string> classNameFault(std::string_view name);
+
+  /// The names of the classes that can be searched for, in ascending order.
+  static std::vector<std::string_view> classNames();
 
   /// The result of the last search that succeeded, by whichever script. A failed search leaves it as it was.
   static std::optional<XCUIElement> lastElementFound;

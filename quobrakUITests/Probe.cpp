@@ -28,7 +28,7 @@ void Probe::measureStart(std::string stepName) {
 void Probe::measureStop() {
   TestResultV2 result = TestContext::shared().getCurrentTestResult();
   if (result.measures.empty() || result.measures[0].empty()) {
-    fatalError("Index out of range: measureStop without a measureStart before it");
+    fatalError(NO_STEP);
   }
   const std::int64_t start = result.measures[0][0].time;
   const MeasureTick tick = tickNow();

@@ -3,7 +3,6 @@
 #include <string>
 
 #include "platform/foundation/FatalError.h"
-#include "platform/foundation/NSRegularExpression.h"
 #include "platform/foundation/ProcessInfo.h"
 #include "platform/foundation/Unicode.h"
 #include "quobrakUITests/FWKTError.h"
@@ -11,47 +10,29 @@
 #include "quobrakUITests/Replacing.h"
 #include "quobrakUITests/RunObserver.h"
 #include "quobrakUITests/ScriptLines.h"
+#include "quobrakUITests/ScriptVariables.h"
 #include "quobrakUITests/quobrakUITests.h"
 
 namespace quobrak {
 
 namespace {
 
-bool isSkipped(std::string_view line) {
-  return line.empty() || line.starts_with('#');
-}
-
 /// "Error on line TEXT (line: NUMBER). Cause: CAUSE"
 std::string lineReport(std::string_view text, std::size_t number, std::string_view cause) {
   return "Error on line " + std::string(text) + " (line: " + std::to_string(number) + "). Cause: " + std::string(cause);
-}
-
-const NSRegularExpression& variableReference() {
-  static const NSRegularExpression expression(R"(\$\{\w+\})");
-  return expression;
-}
-
-/// The name of the first variable that the line refers to. The search ends after as many UTF-16 units as the line has
-/// user-perceived characters: scripts rely on a reference behind many composed characters to stand as it is written.
-std::optional<std::string> firstVariable(std::string_view line) {
-  const auto reference = variableReference().firstMatch(line, characterCount(line));
-  if (!reference) {
-    return std::nullopt;
-  }
-  return replacingOccurrences(replacingOccurrences(*reference, "${", ""), "}", "");
 }
 
 /// Replaces the line's references until it has none. A value may refer to further variables; one that refers to itself
 /// has no end.
 std::string substituted(std::string_view rawLine, std::size_t number) {
   std::string line(trimmedBlanks(rawLine));
-  while (const std::optional<std::string> name = firstVariable(line)) {
-    const std::optional<std::string> value = ProcessInfo::environmentVariable(*name);
+  while (const std::optional<VariableReference> reference = firstReference(line)) {
+    const std::string name(reference->name());
+    const std::optional<std::string> value = ProcessInfo::environmentVariable(name);
     if (!value) {
-      throw FWKTError::envVariableError(
-          lineReport(rawLine, number, "You need to pass the extra parameter " + *name + " to your test"));
+      throw FWKTError::envVariableError(lineReport(rawLine, number, missingVariableCause(name)));
     }
-    line = replacingOccurrences(line, "${" + *name + "}", *value);
+    line = replacingOccurrences(line, reference->text, *value);
   }
   return line;
 }
@@ -64,7 +45,7 @@ class PreparedScript {
     ScriptLines lines(script);
     for (std::size_t number = 1; const auto rawLine = lines.next(); ++number) {
       const std::string_view line = trimmedBlanks(*rawLine);
-      if (!isSkipped(line) && line.find("${") != std::string_view::npos) {
+      if (!isSkipped(line) && mayHaveReference(line)) {
         lines_.push_back(substitutedLines_.emplace_back(substituted(*rawLine, number)));
       } else {
         lines_.push_back(line);

@@ -21,4 +21,9 @@ class ScriptLines {
   bool isAtEnd_ = false;
 };
 
+/// Whether a line is passed over: an empty one, or a comment. The line must have no blanks at its ends.
+inline bool isSkipped(std::string_view line) {
+  return line.empty() || line.starts_with('#');
+}
+
 }  // namespace quobrak

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <exception>
 #include <functional>
-#include <string>
 
 #include "platform/foundation/FatalError.h"
 #include "platform/uiautomation/XCUIApplication.h"
@@ -21,8 +20,6 @@ namespace {
 /// Percent of the height or the width at which swipes end, and at which horizontal ones start.
 constexpr std::int64_t NEAR_END = 20;
 constexpr std::int64_t FAR_END = 80;
-
-constexpr std::int64_t MOST_SWIPES = 30;
 
 /// Milliseconds in which what a swipe set going comes to rest.
 constexpr std::int64_t REST_AFTER_SWIPE = 1000;
@@ -54,17 +51,15 @@ XCUIElement findOrStop(std::string_view selector) {
   try {
     return Find::findByText({.selector = selector, .nthElement = 1, .isEnabled = true, .isTextExact = false});
   } catch (const std::exception& error) {
-    fatalError("Unexpectedly raised an error: the search for " + std::string(selector) +
-               " before a swipe: " + error.what());
+    fatalError(Scroll::failedSearchMessage(selector, error.what()));
   }
 }
 
 void swipeToText(std::string_view selector, std::int64_t maxSwipe, const std::function<void()>& swipe) {
-  if (maxSwipe < 1) {
-    fatalError("Range requires lowerBound <= upperBound: maxSwipe is " + std::to_string(maxSwipe) +
-               ", but must be at least 1");
+  if (const std::optional<std::string> fault = Scroll::maxSwipeFault(maxSwipe)) {
+    fatalError(*fault);
   }
-  for (std::int64_t swipes = std::min(maxSwipe, MOST_SWIPES); swipes > 0; --swipes) {
+  for (std::int64_t swipes = std::min(maxSwipe, Scroll::MOST_SWIPES); swipes > 0; --swipes) {
     if (findOrStop(selector).isHittable()) {
       return;
     }
@@ -124,6 +119,19 @@ void Scroll::swipeDownwardToText(std::string_view selector, std::int64_t maxSwip
 
 void Scroll::swipeUpwardToText(std::string_view selector, std::int64_t maxSwipe, std::int64_t percX) {
   swipeToText(selector, maxSwipe, [percX] { swipeUpward(percX, DEFAULT_LOW_COORDINATE); });
+}
+
+std::optional<std::string> Scroll::maxSwipeFault(std::int64_t maxSwipe) {
+  if (maxSwipe >= 1) {
+    return std::nullopt;
+  }
+  return "Range requires lowerBound <= upperBound: maxSwipe is " + std::to_string(maxSwipe) +
+         ", but must be at least 1";
+}
+
+std::string Scroll::failedSearchMessage(std::string_view selector, std::string_view reason) {
+  return "Unexpectedly raised an error: the search for " + std::string(selector) +
+         " before a swipe: " + std::string(reason);
 }
 
 }  // namespace quobrak

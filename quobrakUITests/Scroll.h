@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
+#include <string>
 #include <string_view>
 
 #include "platform/uiautomation/XCTestCase.h"
@@ -48,6 +50,15 @@ class Scroll : public XCTestCase {
 
   /// The same upward.
   static void swipeUpwardToText(std::string_view selector, std::int64_t maxSwipe, std::int64_t percX);
+
+  /// The most swipes that are made to a text, whatever `maxSwipe` is.
+  static constexpr std::int64_t MOST_SWIPES = 30;
+
+  /// What a swipe to a text stops the process with for that `maxSwipe`; none where it can be used.
+  static std::optional<std::string> maxSwipeFault(std::int64_t maxSwipe);
+
+  /// What a swipe to a text stops the process with where its search raises `reason`.
+  static std::string failedSearchMessage(std::string_view selector, std::string_view reason);
 };
 
 }  // namespace quobrak

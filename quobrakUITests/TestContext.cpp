@@ -19,9 +19,7 @@ void TestContext::incrementScreenshotNumber() {
 
 XCUIApplication TestContext::getTestingApp() const {
   if (bundleId_.empty()) {
-    throw FWKTError::fdslError(
-        "The application is not initialised. Please use applicationStart or launchBrowser at the beginning of your "
-        "script.");
+    throw FWKTError::fdslError(NO_APPLICATION);
   }
   return testingApp_;
 }

@@ -32,6 +32,11 @@ class TestContext {
   void incrementScreenshotNumber();
   void resetScreenshotNumber() { screenshotNumber_ = 1; }
 
+  /// What commands that act on an application raise where none has been chosen.
+  static constexpr const char* NO_APPLICATION =
+      "The application is not initialised. Please use applicationStart or launchBrowser at the beginning of your "
+      "script.";
+
   /// The application that commands act on. Throws `FWKTError::fdslError` where none has been chosen; whether it runs
   /// is not asked.
   XCUIApplication getTestingApp() const;
