@@ -1,0 +1,124 @@
+#include "host/check/FindingsText.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace quobrak::host {
+
+namespace {
+
+constexpr std::string_view INDENTATION = "    ";
+/// What a tab is shown as, wherever in the line it stands.
+constexpr std::string_view SHOWN_TAB = "    ";
+/// Code points that are shown of a line before the place, and from it on.
+constexpr std::size_t MOST_BEFORE = 60;
+constexpr std::size_t MOST_BEHIND = 100;
+constexpr std::string_view ELLIPSIS = "…";
+
+bool beginsCodePoint(char byte) {
+  return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U;
+}
+
+/// The byte at which that code point begins, counted from 0; the end of the text where it has fewer.
+std::size_t byteOf(std::string_view text, std::size_t codePoint) {
+  std::size_t seen = 0;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (beginsCodePoint(text[i]) && seen++ == codePoint) {
+      return i;
+    }
+  }
+  return text.size();
+}
+
+std::string shownWithTabs(std::string_view text) {
+  std::string result;
+  for (std::size_t tab = text.find('\t'); tab != std::string_view::npos; tab = text.find('\t')) {
+    result.append(shown(text.substr(0, tab))).append(SHOWN_TAB);
+    text.remove_prefix(tab + 1);
+  }
+  return result + shown(text);
+}
+
+/// A line in three parts, as it is shown; long ones without what is far from the place.
+struct Excerpt {
+  std::string before;
+  std::string marked;
+  std::string behind;
+};
+
+Excerpt excerptOf(const Finding& finding) {
+  const std::string_view text = *finding.text;
+  const std::size_t column = finding.column - 1;
+  const std::size_t endColumn = std::min(finding.endColumn - 1, column + MOST_BEHIND);
+  const std::size_t first = byteOf(text, column - std::min(column, MOST_BEFORE));
+  const std::size_t begin = byteOf(text, column);
+  const std::size_t end = byteOf(text, endColumn);
+  const std::size_t last = byteOf(text, column + MOST_BEHIND);
+  return {.before = std::string(first > 0 ? ELLIPSIS : "") + shownWithTabs(text.substr(first, begin - first)),
+          .marked = shownWithTabs(text.substr(begin, end - begin)),
+          .behind = shownWithTabs(text.substr(end, std::max(last, end) - end)) +
+                    std::string(std::max(last, end) < text.size() ? ELLIPSIS : "")};
+}
+
+std::string_view sentenceOf(const Finding& finding) {
+  if (finding.severity == Severity::warning) {
+    return "";
+  }
+  switch (finding.outcome) {
+    case Outcome::abortsRun:
+      return "this aborts the run: nothing is told of its scripts, and no measure is written";
+    case Outcome::preventsRun:
+      return "the run does not begin";
+    case Outcome::goesOn:
+    case Outcome::failsScript:
+    case Outcome::neverEnds:
+      return "";
+  }
+  return "";
+}
+
+std::string counted(std::size_t count, const std::string& what) {
+  return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
+}
+
+}  // namespace
+
+std::string inWords(const Finding& finding, const std::string& name, const Terminal& terminal) {
+  const bool isError = finding.severity == Severity::error;
+  const std::string place =
+      shown(name) + ":" + std::to_string(finding.line) + ":" + std::to_string(finding.column) + ":";
+  std::string text = terminal.styled(Style::bold, place) + " " +
+                     terminal.styled(isError ? Style::red : Style::yellow, isError ? "error:" : "warning:") + " " +
+                     shown(finding.message) +
+                     terminal.styled(Style::dim, " [" + std::string(infoOf(finding.rule).id) + "]") + "\n";
+  if (!finding.text->empty()) {
+    const Excerpt excerpt = excerptOf(finding);
+    const std::string mark = "^" + std::string(std::max<std::size_t>(displayWidth(excerpt.marked), 1) - 1, '~');
+    text.append(INDENTATION).append(excerpt.before + excerpt.marked + excerpt.behind + "\n");
+    text.append(INDENTATION)
+        .append(displayWidth(excerpt.before), ' ')
+        .append(terminal.styled(Style::green, mark) + "\n");
+  }
+  for (const std::string_view line : {std::string_view(finding.hint), sentenceOf(finding)}) {
+    if (!line.empty()) {
+      text.append(INDENTATION).append(shown(line) + "\n");
+    }
+  }
+  return text;
+}
+
+std::string inWords(std::span<const Finding> findings, std::span<const ScriptSource> scripts,
+                    const Terminal& terminal) {
+  std::string text;
+  for (const Finding& finding : findings) {
+    text += inWords(finding, scripts[finding.script].name, terminal);
+  }
+  return text;
+}
+
+std::string summaryOf(std::span<const Finding> findings, std::size_t scriptCount) {
+  return counted(scriptCount, "script") + ", " + counted(countOf(findings, Severity::error), "error") + ", " +
+         counted(countOf(findings, Severity::warning), "warning");
+}
+
+}  // namespace quobrak::host

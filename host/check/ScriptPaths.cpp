@@ -1,0 +1,75 @@
+#include "host/check/ScriptPaths.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <iostream>
+#include <iterator>
+
+#include "host/Subcommand.h"
+#include "host/check/FileBytes.h"
+#include "host/terminal/Terminal.h"
+
+namespace quobrak::host {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+bool isHidden(const fs::path& path) {
+  return path.filename().string().starts_with('.');
+}
+
+/// The scripts below a folder.
+std::vector<fs::path> scriptsBelow(const fs::path& folder) {
+  std::vector<fs::path> found;
+  try {
+    for (fs::recursive_directory_iterator entry(folder), end; entry != end; ++entry) {
+      if (isHidden(entry->path())) {
+        entry.disable_recursion_pending();
+      } else if (entry->path().extension() == ".txt" && entry->is_regular_file()) {
+        found.push_back(entry->path());
+      }
+    }
+  } catch (const fs::filesystem_error& error) {
+    throw EnvironmentError("the folder " + shown(error.path1().string()) +
+                           " cannot be read: " + error.code().message());
+  }
+  std::sort(found.begin(), found.end());
+  if (found.empty()) {
+    throw UseError("the folder " + shown(folder.string()) + " has no script: their names end in .txt");
+  }
+  return found;
+}
+
+ScriptSource fromFile(const fs::path& file) {
+  return {.name = file.string(), .bytes = fileBytes(file)};
+}
+
+ScriptSource fromStandardInput() {
+  return {.name = STANDARD_INPUT,
+          .bytes = {std::istreambuf_iterator<char>(std::cin), std::istreambuf_iterator<char>()}};
+}
+
+}  // namespace
+
+NamedScripts readScripts(const std::vector<std::string>& paths) {
+  NamedScripts named;
+  for (const std::string& path : paths) {
+    std::error_code error;
+    if (path == STANDARD_INPUT) {
+      named.scripts.push_back(fromStandardInput());
+    } else if (fs::is_directory(path, error)) {
+      named.isOrderKnown = false;
+      for (const fs::path& file : scriptsBelow(path)) {
+        named.scripts.push_back(fromFile(file));
+      }
+    } else if (fs::exists(path, error)) {
+      named.scripts.push_back(fromFile(path));
+    } else {
+      throw UseError("there is no file or folder " + shown(path));
+    }
+  }
+  return named;
+}
+
+}  // namespace quobrak::host
