@@ -1,11 +1,16 @@
 #include "host/run/RunCommand.h"
 
+#include <unistd.h>
+
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <ctime>
 #include <iostream>
 #include <memory>
 #include <utility>
 
+#include "host/check/Checker.h"
+#include "host/check/FindingsText.h"
 #include "host/report/Progress.h"
 #include "host/report/Report.h"
 #include "host/run/EndSignals.h"
@@ -14,6 +19,7 @@
 #include "host/run/Runner.h"
 #include "host/run/TestProcessLocation.h"
 #include "host/terminal/Terminal.h"
+#include "platform/foundation/ProcessInfo.h"
 
 namespace quobrak::host {
 
@@ -29,25 +35,8 @@ constexpr const char* DESCRIPTION =
     "test process was aborted, 4 where something around it failed, 130 after Ctrl-C and 143 after SIGTERM.\n"
     "docs/run.md tells the rest.";
 
-Terminal standardOutput(const EnvironmentVariables& own) {
-  constexpr int STANDARD_OUTPUT = 1;
-  return terminalOf(STANDARD_OUTPUT, [&own](const std::string& name) -> std::optional<std::string> {
-    const auto variable = own.find(name);
-    return variable == own.end() ? std::nullopt : std::optional<std::string>(variable->second);
-  });
-}
-
-EnvironmentVariables variablesOf(const RunOptions& options, const EnvironmentVariables& own) {
-  const Variables variables =
-      readVariables(options.variables, [&own](const std::string& name) -> std::optional<std::string> {
-        const auto variable = own.find(name);
-        return variable == own.end() ? std::nullopt : std::optional<std::string>(variable->second);
-      });
-  return {variables.begin(), variables.end()};
-}
-
 /// The plan but for the folder.
-RunPlan planOf(const RunOptions& options, const EnvironmentVariables& own) {
+RunPlan planOf(const RunOptions& options, const Variables& variables, const EnvironmentVariables& own) {
   ScriptCollection collection = collectScripts(options.scripts, options.suite);
   TestProcessSettings settings{.driver = options.driver, .clock = options.clock, .phone = {}};
   if (options.phone) {
@@ -62,7 +51,7 @@ RunPlan planOf(const RunOptions& options, const EnvironmentVariables& own) {
           .shuffleSeed = options.shuffleSeed,
           .isFailFast = options.isFailFast,
           .testProcess = locateTestProcess(options.testProcess, own, folderOfThisProgram()),
-          .environment = commonEnvironment(own, variablesOf(options, own), settings),
+          .environment = commonEnvironment(own, {variables.begin(), variables.end()}, settings),
           .folder = {},
           .notices = std::move(collection.notices)};
 }
@@ -93,15 +82,39 @@ void report(const RunRecord& record, const Terminal& terminal, bool isQuiet) {
   summarise();
 }
 
+/// Tells what is wrong with the scripts, and whether they can be run.
+bool passCheck(const RunPlan& plan, const Variables& variables, bool isQuiet) {
+  std::vector<ScriptSource> sources;
+  std::transform(plan.scripts.begin(), plan.scripts.end(), std::back_inserter(sources),
+                 [](const CollectedScript& script) {
+                   return ScriptSource{.name = script.script.source.string(), .bytes = script.bytes};
+                 });
+  std::vector<Finding> findings = check(sources, {.variables = variables, .isOrderKnown = !plan.shuffleSeed});
+  const bool isFlawed = countOf(findings, Severity::error) > 0;
+  if (isQuiet) {
+    std::erase_if(findings, [](const Finding& finding) { return finding.severity == Severity::warning; });
+  }
+  std::cerr << inWords(findings, sources, terminalOf(STDERR_FILENO, ProcessInfo::environmentVariable));
+  if (isFlawed) {
+    std::cerr << summaryOf(findings, sources.size()) << ". Nothing was run; --no-check runs the scripts all the same."
+              << std::endl;
+  }
+  return !isFlawed;
+}
+
 ExitStatus run(const RunOptions& options) {
   requireUsable(options);
   const EnvironmentVariables own = ownEnvironment();
-  RunPlan plan = planOf(options, own);
+  const Variables variables = readVariables(options.variables, ProcessInfo::environmentVariable);
+  RunPlan plan = planOf(options, variables, own);
+  if (!options.isUnchecked && !passCheck(plan, variables, options.isQuiet)) {
+    return ExitStatus::failed;
+  }
   EndSignals signals;
   const OutputFolder folder = outputFolderOf(options);
   plan.folder = folder.path();
   ProcessSupervisor supervisor(signals);
-  const Terminal terminal = standardOutput(own);
+  const Terminal terminal = terminalOf(STDOUT_FILENO, ProcessInfo::environmentVariable);
   const std::unique_ptr<RunListener> listener = progressFor(terminal, options.isQuiet, std::cout, std::cerr);
   const FinishedRun finished = carryOut(plan, supervisor, *listener);
   report(finished.record, terminal, options.isQuiet);

@@ -21,7 +21,7 @@ namespace quobrak::host {
 /// What the command line says of a run.
 struct RunOptions {
   /// Files and folders.
-  std::vector<std::filesystem::path> scripts;
+  std::vector<std::string> scripts;
   /// The command line to run in place of scripts.
   std::optional<std::string> command;
   /// Whether the reference script is run in place of scripts.

@@ -2,11 +2,10 @@
 
 #include <algorithm>
 #include <set>
-#include <system_error>
 #include <utility>
 
 #include "host/Subcommand.h"
-#include "host/check/FileBytes.h"
+#include "host/check/ScriptPaths.h"
 #include "host/terminal/Terminal.h"
 #include "platform/foundation/Paths.h"
 #include "platform/foundation/Unicode.h"
@@ -19,50 +18,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr const char* EXTENSION = ".txt";
 constexpr const char* SUITE_OF_NO_FOLDER = "Scripts";
-
-bool isHidden(const fs::path& path) {
-  return path.filename().native().starts_with('.');
-}
-
-std::vector<fs::path> scriptsBelow(const fs::path& folder) {
-  std::vector<fs::path> files;
-  std::error_code error;
-  for (fs::recursive_directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
-    if (isHidden(entry->path())) {
-      entry.disable_recursion_pending();
-    } else if (std::error_code unknown; entry->path().extension() == EXTENSION && entry->is_regular_file(unknown)) {
-      files.push_back(entry->path());
-    }
-  }
-  if (error) {
-    throw EnvironmentError("the folder " + shown(folder.native()) + " cannot be read: " + error.message());
-  }
-  if (files.empty()) {
-    throw UseError("there is no script in the folder " + shown(folder.native()) + ": it has no file that ends in " +
-                   EXTENSION + "");
-  }
-  std::sort(files.begin(), files.end());
-  return files;
-}
-
-std::vector<fs::path> filesMeantBy(const std::vector<fs::path>& paths) {
-  std::vector<fs::path> files;
-  for (const fs::path& path : paths) {
-    std::error_code unknown;
-    const fs::file_status status = fs::status(path, unknown);
-    if (fs::is_directory(status)) {
-      const std::vector<fs::path> below = scriptsBelow(path);
-      files.insert(files.end(), below.begin(), below.end());
-    } else if (status.type() == fs::file_type::not_found) {
-      throw UseError("there is no script " + shown(path.native()) + "");
-    } else {
-      files.push_back(path);
-    }
-  }
-  return files;
-}
 
 std::string folderOf(const fs::path& file) {
   const fs::path folder = fs::absolute(file).lexically_normal().parent_path().filename();
@@ -101,13 +57,18 @@ class Names {
 
 }  // namespace
 
-ScriptCollection collectScripts(const std::vector<fs::path>& paths, const std::optional<std::string>& suite) {
+ScriptCollection collectScripts(const std::vector<std::string>& paths, const std::optional<std::string>& suite) {
   if (suite && !isFolderName(*suite)) {
     throw UseError("--suite is \"" + shown(*suite) + "\", but must be the name of a folder, without a slash");
   }
+  if (std::find(paths.begin(), paths.end(), STANDARD_INPUT) != paths.end()) {
+    throw UseError("a script from standard input can be checked, but not run: its results would have no name");
+  }
   ScriptCollection collection;
   Names names;
-  for (const fs::path& file : filesMeantBy(paths)) {
+  NamedScripts named = readScripts(paths);
+  for (ScriptSource& source : named.scripts) {
+    const fs::path file(source.name);
     // The test process is told of it in an environment variable, which it takes for UTF-8.
     const std::string fileName = repairedUTF8(file.filename().native());
     const std::string wanted = deletingPathExtension(fileName);
@@ -120,11 +81,10 @@ ScriptCollection collectScripts(const std::vector<fs::path>& paths, const std::o
       collection.notices.push_back("The suite " + suiteOfFile + " has a script " + wanted +
                                    " already: the results of " + file.string() + " are those of " + name + "");
     }
-    std::string bytes = fileBytes(file);
     collection.scripts.push_back(
-        {.script = {.suite = suiteOfFile, .name = name, .source = file, .lineCount = lineCountOf(bytes)},
+        {.script = {.suite = suiteOfFile, .name = name, .source = file, .lineCount = lineCountOf(source.bytes)},
          .fileName = name + fileName.substr(wanted.size()),
-         .bytes = std::move(bytes)});
+         .bytes = std::move(source.bytes)});
   }
   return collection;
 }

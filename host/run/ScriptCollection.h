@@ -26,12 +26,10 @@ struct ScriptCollection {
   std::vector<std::string> notices;
 };
 
-/// The scripts that are meant by `paths`: files, and for a folder all files in it and below that end in ".txt", in
-/// the order of their paths; hidden ones are passed over. `suite` is the suite of all; without it that of a script is
-/// the name of the folder in which it lies. Throws `UseError` where there is no such script, and for names that cannot
-/// be those of folders; `EnvironmentError` where a script cannot be read.
-ScriptCollection collectScripts(const std::vector<std::filesystem::path>& paths,
-                                const std::optional<std::string>& suite);
+/// The scripts that `paths` name, as `readScripts` finds them. `suite` is the suite of all; without it that of a script
+/// is the name of the folder in which it lies. Throws what `readScripts` throws, and `UseError` for names that cannot
+/// be those of folders of results.
+ScriptCollection collectScripts(const std::vector<std::string>& paths, const std::optional<std::string>& suite);
 
 /// Where the script with that index lies, in the Documents directory: "scripts/001/order.txt".
 std::filesystem::path placeOfScript(std::size_t index, std::size_t count, std::string_view fileName);
