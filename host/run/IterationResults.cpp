@@ -47,8 +47,8 @@ Statuses readStatuses(const fs::path& documents, std::size_t expected) {
   }
   if (list.size() != expected) {
     return {.list = {},
-            .fault = "testsStatus.json has " + std::to_string(list.size()) + " statuses for " +
-                     std::to_string(expected) + " scripts"};
+            .fault = "testsStatus.json has a status for " + std::to_string(list.size()) + " scripts, and " +
+                     std::to_string(expected) + " were run"};
   }
   return {.list = std::move(list), .fault = {}};
 }

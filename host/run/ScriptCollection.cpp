@@ -72,9 +72,6 @@ ScriptCollection collectScripts(const std::vector<std::string>& paths, const std
     // The test process is told of it in an environment variable, which it takes for UTF-8.
     const std::string fileName = repairedUTF8(file.filename().native());
     const std::string wanted = deletingPathExtension(fileName);
-    if (!isFolderName(wanted)) {
-      throw UseError("the script " + shown(file.native()) + " has no name that its folder of results could have");
-    }
     const std::string suiteOfFile = suite.value_or(folderOf(file));
     const std::string name = names.nameFor(suiteOfFile, wanted);
     if (name != wanted) {

@@ -27,8 +27,8 @@ struct ScriptCollection {
 };
 
 /// The scripts that `paths` name, as `readScripts` finds them. `suite` is the suite of all; without it that of a script
-/// is the name of the folder in which it lies. Throws what `readScripts` throws, and `UseError` for names that cannot
-/// be those of folders of results.
+/// is the name of the folder in which it lies. Throws what `readScripts` throws, and `UseError` for a suite that cannot
+/// be the name of a folder.
 ScriptCollection collectScripts(const std::vector<std::string>& paths, const std::optional<std::string>& suite);
 
 /// Where the script with that index lies, in the Documents directory: "scripts/001/order.txt".
