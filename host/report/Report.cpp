@@ -22,7 +22,7 @@ void writeWhole(const std::filesystem::path& folder, const std::string& name, st
     ConfinedFileManager files(folder.string());
     files.write(bytesOf(content), files.documentDirectory() + "/" + name);
   } catch (const FileManagerError& error) {
-    throw EnvironmentError(shown((folder / name).string()) + ": " + error.what());
+    throw EnvironmentError(shown((folder / name).string() + ": " + error.what()));
   }
 }
 

@@ -27,13 +27,19 @@ std::string decimal(double number) {
   return {digits.data(), end.ptr};
 }
 
-/// "10 iterations", "4 of 10 iterations after 2 warm-ups".
+/// "10 iterations", "4 of 10 iterations".
+std::string extentOf(std::size_t begun, std::size_t planned, std::string_view unit) {
+  return (begun < planned ? std::to_string(begun) + " of " : "") + counted(planned, unit);
+}
+
+/// "4 of 10 iterations after 2 warm-ups".
 std::string extentOf(const RunRecord& run) {
-  const auto isMeasured = [](const IterationRecord& iteration) { return !iteration.isWarmUp; };
-  const auto begun = static_cast<std::size_t>(std::count_if(run.iterations.begin(), run.iterations.end(), isMeasured));
-  const std::string part = begun < run.plannedIterations ? std::to_string(begun) + " of " : "";
-  const std::string warmUps = run.plannedWarmUps == 0 ? "" : " after " + counted(run.plannedWarmUps, "warm-up");
-  return part + counted(run.plannedIterations, "iteration") + warmUps;
+  const auto warmUps =
+      static_cast<std::size_t>(std::count_if(run.iterations.begin(), run.iterations.end(),
+                                             [](const IterationRecord& iteration) { return iteration.isWarmUp; }));
+  const std::string iterations = extentOf(run.iterations.size() - warmUps, run.plannedIterations, "iteration");
+  return run.plannedWarmUps == 0 ? iterations
+                                 : iterations + " after " + extentOf(warmUps, run.plannedWarmUps, "warm-up");
 }
 
 std::string inStyle(const Terminal& terminal, Style style, std::size_t count) {
