@@ -92,11 +92,16 @@ JSONValue encodeStatistics(const StepStatistics& row) {
                            {"step", text(row.step)}};
 }
 
-JSONValue encodeCounts(const OutcomeCounts& counts) {
-  return JSONValue::Object{{"aborted", number(counts.aborted)},
-                           {"failed", number(counts.failed)},
-                           {"notRun", number(counts.notRun)},
-                           {"passed", number(counts.passed)}};
+JSONValue encodeOutcomes(const RunRecord& run) {
+  JSONValue::Array array;
+  for (const OutcomeCounts& counts : outcomeCountsOf(run)) {
+    array.push_back(JSONValue::Object{{"aborted", number(counts.aborted)},
+                                      {"failed", number(counts.failed)},
+                                      {"notRun", number(counts.notRun)},
+                                      {"passed", number(counts.passed)},
+                                      {"script", number(array.size())}});
+  }
+  return array;
 }
 
 }  // namespace
@@ -108,7 +113,7 @@ JSONValue resultsDocument(const RunRecord& run) {
                            {"format", RESULTS_FORMAT},
                            {"iterations", arrayOf(run.iterations, encodeIteration)},
                            {"kind", nameOf(run.kind)},
-                           {"outcomes", arrayOf(outcomeCountsOf(run), encodeCounts)},
+                           {"outcomes", encodeOutcomes(run)},
                            {"phone", text(run.phone)},
                            {"plannedIterations", number(run.plannedIterations)},
                            {"plannedWarmUps", number(run.plannedWarmUps)},

@@ -34,9 +34,9 @@ TEST(ResultsDocument, HoldsTheRunAndItsFigures) {
 {"cause":"","duration":1500,"line":null,"outcome":"passed","script":0,"stackTrace":"","started":1700000000000,"steps":[]},
 {"cause":"Index out of range: the field 1 (selector) is missing","duration":null,"line":{"number":5,"text":"clickByText"},"outcome":"aborted","script":1,"stackTrace":"","started":1700000000000,"steps":[]},
 {"cause":"","duration":null,"line":null,"outcome":"notRun","script":2,"stackTrace":"","started":null,"steps":[]}],"wallTime":4500.25}],"kind":"scripts","outcomes":[
-{"aborted":0,"failed":0,"notRun":0,"passed":2},
-{"aborted":1,"failed":1,"notRun":0,"passed":0},
-{"aborted":0,"failed":0,"notRun":1,"passed":1}],"phone":"phones\/mine","plannedIterations":3,"plannedWarmUps":1,"scripts":[
+{"aborted":0,"failed":0,"notRun":0,"passed":2,"script":0},
+{"aborted":1,"failed":1,"notRun":0,"passed":0,"script":1},
+{"aborted":0,"failed":0,"notRun":1,"passed":1,"script":2}],"phone":"phones\/mine","plannedIterations":3,"plannedWarmUps":1,"scripts":[
 {"lineCount":20,"name":"order","source":"scripts\/order.txt","suite":"Shop"},
 {"lineCount":6,"name":"login","source":"scripts\/login.txt","suite":"Shop"},
 {"lineCount":1,"name":"settings","source":"\/elsewhere\/settings.txt","suite":"設定"}],"shuffleSeed":"18446744073709551615","statistics":[
