@@ -121,6 +121,17 @@ TEST(JUnitDocument, TellsOfAnIterationThatNoScriptTellsOf) {
 )");
 }
 
+TEST(JUnitDocument, TellsOfAnAbortedScriptWhatIsKnown) {
+  RunRecord run = sampleRun();
+  ScriptRecord& script = run.iterations.at(3).scripts.at(1);
+  script.cause.clear();
+  EXPECT_THAT(junitDocument(run), HasSubstr("<error message=\"line 5: clickByText: Fatal error: Index out of range: "
+                                            "the field 1 (selector) is missing (line 5: clickByText)\""));
+  script.stackTrace = "Killed.";
+  EXPECT_THAT(junitDocument(run), HasSubstr("<error message=\"line 5: clickByText: Killed.\" type=\"aborted\">Killed."
+                                            "</error>"));
+}
+
 TEST(JUnitDocument, NamesWhatHasNoName) {
   RunRecord run;
   run.kind = RunKind::command;

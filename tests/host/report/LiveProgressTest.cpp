@@ -197,6 +197,16 @@ TEST_F(LiveProgressTest, EstimatesTheTimeLeftFromTheIterationsDone) {
   EXPECT_THAT(rowsAfter(1s), ElementsAre("Iteration 1 of 3", "5 passed, 1 failed, about 2 min 00 s left"));
 }
 
+TEST_F(LiveProgressTest, ShowsNoScriptBetweenIterationsAndCountsNoneTwice) {
+  startIteration(2);
+  progress->scriptStarted(0, 3);
+  doLine("measureStart,Show");
+  progress->scriptFinished(0, ScriptOutcome::passed, "");
+  EXPECT_THAT(rowsAfter(1s), ElementsAre("Iteration 2 of 3, script 3 of 3: Shop/order", "step Show: 1 s", "1 passed"));
+  finishIteration();
+  EXPECT_THAT(rowsAfter(1s), ElementsAre("Iteration 2 of 3", "3 passed, about 3 s left"));
+}
+
 TEST_F(LiveProgressTest, CountsARestDown) {
   startIteration(1);
   wait(1s);
