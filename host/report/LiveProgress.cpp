@@ -145,13 +145,14 @@ StyledLine LiveProgress::placeLine(Clock::TimePoint now) const {
   return line;
 }
 
-/// "line 7 of 20: clickByText,Browse products"
+/// "line 7 of 20: clickByText,Browse products"; a single command is no script with lines to count.
 StyledLine LiveProgress::scriptLine() const {
   StyledLine text;
   if (line()) {
+    const std::size_t lineCount = run().scripts.at(script_->script).lineCount;
     const std::string_view command = meaningOf(line()->text).command;
-    text.add(Style::dim, "line " + std::to_string(line()->number) + " of " +
-                             std::to_string(run().scripts.at(script_->script).lineCount) + ": ");
+    text.add(Style::dim, "line " + std::to_string(line()->number) +
+                             (lineCount == 0 ? "" : " of " + std::to_string(lineCount)) + ": ");
     text.add(Style::blue, command);
     text.add(Style::plain, std::string_view(line()->text).substr(command.size()));
   }

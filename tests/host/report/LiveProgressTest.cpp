@@ -96,6 +96,15 @@ TEST_F(LiveProgressTest, ShowsWhereTheRunIs) {
   EXPECT_THAT(rowsAfter(1s), ElementsAre("Warm-up 1 of 1, script 2 of 3: Shop/login", "1 passed"));
 }
 
+TEST_F(LiveProgressTest, CountsNoLinesWhereThereAreNone) {
+  run.kind = RunKind::command;
+  run.scripts = {{.suite = "", .name = "", .source = {}, .lineCount = 0}};
+  startIteration(1);
+  progress->scriptStarted(0, 1);
+  startLine(1, "pressHome");
+  EXPECT_THAT(rowsAfter(1s), ElementsAre("Iteration 1 of 3, script 1 of 3: command", "line 1: pressHome"));
+}
+
 TEST_F(LiveProgressTest, CountsALongPauseDown) {
   startIteration(1);
   progress->scriptStarted(0, 1);
