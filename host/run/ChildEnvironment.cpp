@@ -10,9 +10,9 @@ namespace quobrak::host {
 namespace {
 
 constexpr std::array<std::string_view, 17> INHERITED{
-    "HOME",        "LANG",        "LD_LIBRARY_PATH", "PATH",      "SSL_CERT_DIR", "SSL_CERT_FILE",
-    "TMPDIR",      "TZ",          "all_proxy",       "ALL_PROXY", "http_proxy",   "HTTP_PROXY",
-    "https_proxy", "HTTPS_PROXY", "no_proxy",        "NO_PROXY",  "LANGUAGE"};
+    "ALL_PROXY",  "HOME",        "HTTPS_PROXY",  "HTTP_PROXY",    "LANG",   "LANGUAGE", "LD_LIBRARY_PATH",
+    "NO_PROXY",   "PATH",        "SSL_CERT_DIR", "SSL_CERT_FILE", "TMPDIR", "TZ",       "all_proxy",
+    "http_proxy", "https_proxy", "no_proxy"};
 
 /// Those of QUOBRAK_... that are this program's own, or that it sets for each iteration.
 constexpr std::array<std::string_view, 3> NOT_FOR_THE_TEST_PROCESS{"QUOBRAK_DOCUMENTS", "QUOBRAK_TEST_PROCESS",

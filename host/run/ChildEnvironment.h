@@ -22,7 +22,7 @@ EnvironmentVariables ownEnvironment();
 struct TestProcessSettings {
   std::optional<std::string> driver;
   std::optional<std::string> clock;
-  /// A folder, by an absolute path.
+  /// A folder; a relative path starts at the working directory, which is the test process's too.
   std::optional<std::filesystem::path> phone;
 };
 

@@ -83,6 +83,8 @@ bool prepareChild(pid_t parent, int output) {
 }  // namespace
 
 ChildProcess::ChildProcess(const ChildStart& start) {
+  // Who ignores the ends of its children passes that on to them; then nobody could learn how this one ended.
+  std::signal(SIGCHLD, SIG_DFL);
   ErrorPipe errors = openErrorPipe(start.executable);
   const FileDescriptor output = openOutput(start.output);
   // All that needs memory comes before the fork.

@@ -23,8 +23,6 @@
 
 namespace quobrak::host {
 
-namespace fs = std::filesystem;
-
 namespace {
 
 constexpr const char* DESCRIPTION =
@@ -38,10 +36,7 @@ constexpr const char* DESCRIPTION =
 /// The plan but for the folder.
 RunPlan planOf(const RunOptions& options, const Variables& variables, const EnvironmentVariables& own) {
   ScriptCollection collection = collectScripts(options.scripts, options.suite);
-  TestProcessSettings settings{.driver = options.driver, .clock = options.clock, .phone = {}};
-  if (options.phone) {
-    settings.phone = fs::absolute(*options.phone);
-  }
+  const TestProcessSettings settings{.driver = options.driver, .clock = options.clock, .phone = options.phone};
   return {.kind = options.kind(),
           .scripts = std::move(collection.scripts),
           .command = options.command.value_or(""),

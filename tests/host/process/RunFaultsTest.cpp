@@ -263,12 +263,13 @@ TEST_F(RunFaults, AFolderThatAnotherRunUsesIsRefusedAndLeftAsItIs) {
 
 TEST_F(RunFaults, AFolderThatMayNotBeWrittenIsTold) {
   folder.write("S/a.txt", "applicationStart,com.example.test");
-  start.isUnprivileged = true;
+  const std::string standIn = testProcess("exit 0\n");
   fs::permissions(folder.path(), fs::perms(0555));
-  const ProcessEnd end = run({"S", "--test-process", testProcess("exit 0\n")});
+  start.isUnprivileged = true;
+  const ProcessEnd end = run({"S", "--test-process", standIn});
+  fs::permissions(folder.path(), fs::perms(0755));
   EXPECT_EQ(end.exitStatus, 4);
   EXPECT_EQ(end.err, "quobrak: the results cannot be written to out: Permission denied\n");
-  fs::permissions(folder.path(), fs::perms(0755));
   EXPECT_FALSE(fs::exists(folder.path() / "out"));
 }
 

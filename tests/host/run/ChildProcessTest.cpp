@@ -46,6 +46,12 @@ TEST_F(ChildProcesses, EndBySignals) {
   EXPECT_EQ(endOf(child), (ChildEnd{.exitStatus = {}, .signal = SIGSEGV}));
 }
 
+TEST_F(ChildProcesses, EndWithAStatusAlsoWhereEndsOfChildrenWereIgnored) {
+  std::signal(SIGCHLD, SIG_IGN);
+  ChildProcess child(startOf("exit 7\n"));
+  EXPECT_EQ(endOf(child), (ChildEnd{.exitStatus = 7, .signal = {}}));
+}
+
 TEST_F(ChildProcesses, PrintIntoAFile) {
   ChildProcess child(startOf("echo one\necho two >&2\necho three\n"));
   endOf(child);
