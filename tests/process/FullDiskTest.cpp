@@ -1,13 +1,7 @@
-#include <sched.h>
-#include <sys/mount.h>
-#include <unistd.h>
-
 #include <algorithm>
-#include <cstdlib>
-#include <fstream>
-#include <iostream>
 #include <regex>
 
+#include "tests/process/OwnDisk.h"
 #include "tests/process/TestProcessRun.h"
 
 namespace quobrak::testing {
@@ -16,60 +10,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Lets an ordinary user be root among mounts of its own.
-bool becomeRootOfOwnMounts() {
-  const std::string user = "0 " + std::to_string(::getuid()) + " 1";
-  const std::string group = "0 " + std::to_string(::getgid()) + " 1";
-  if (::unshare(CLONE_NEWUSER | CLONE_NEWNS) != 0) {
-    return false;
-  }
-  std::ofstream("/proc/self/setgroups") << "deny";
-  std::ofstream("/proc/self/uid_map") << user;
-  std::ofstream("/proc/self/gid_map") << group;
-  return true;
-}
-
-/// Mounts that nobody else sees, and that go with this process. Where there can be none, the tests are skipped before
-/// anything of them has run.
-class OwnMounts final : public ::testing::Environment {
- public:
-  void SetUp() override {
-    const bool isSeparate = (::geteuid() == 0 && ::unshare(CLONE_NEWNS) == 0) || becomeRootOfOwnMounts();
-    if (!isSeparate || ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0) {
-      std::cout << "skipped: a disk to be filled can only be mounted by root, or in a user namespace" << std::endl;
-      constexpr int SKIPPED = 77;
-      std::exit(SKIPPED);
-    }
-  }
-};
-
-// Google Test deletes it.
-const ::testing::Environment* const OWN_MOUNTS = ::testing::AddGlobalTestEnvironment(new OwnMounts);
-
-/// A disk in memory, at a folder.
-class Disk {
- public:
-  /// `room` is the file system's, such as "size=64k".
-  Disk(fs::path folder, const std::string& room) : folder_(std::move(folder)) {
-    EXPECT_EQ(::mount("tmpfs", folder_.c_str(), "tmpfs", 0, room.c_str()), 0) << "no disk with " << room;
-  }
-  ~Disk() { ::umount2(folder_.c_str(), MNT_DETACH); }
-  Disk(const Disk&) = delete;
-  Disk& operator=(const Disk&) = delete;
-
- private:
-  fs::path folder_;
-};
-
-std::string sizeInPages(std::size_t count) {
-  return "size=" + std::to_string(count * static_cast<std::size_t>(::sysconf(_SC_PAGESIZE)));
-}
-
 constexpr const char* UNLIMITED = "size=64m";
-
-std::string sizeInNodes(std::size_t count) {
-  return "nr_inodes=" + std::to_string(count);
-}
 
 /// Contents by path, with the time in the names of measure files as "TIME".
 using Files = std::map<std::string, std::string>;
@@ -144,7 +85,7 @@ class FullDisk : public ProcessTest {
 
   /// Runs where there is so much room, and the earlier results.
   Left runWith(const std::string& room) const {
-    const Disk disk(documents(), room);
+    const OwnDisk disk(documents(), room);
     for (const auto& [path, content] : EARLIER) {
       folder.write("Documents/" + path, content);
       EXPECT_EQ(document(path), content) << "no room for what was there before";
@@ -230,7 +171,7 @@ TEST_F(FullDisk, LeavesNothingOfAPictureThatHasRoomInPart) {
 
 TEST_F(FullDisk, ADocumentsDirectoryThatCannotBeMadeIsRefused) {
   // One for the disk's own folder.
-  const Disk disk(documents(), sizeInNodes(2));
+  const OwnDisk disk(documents(), sizeInNodes(2));
   start.environment["QUOBRAK_DOCUMENTS"] = "Documents/new/folder";
   const ProcessEnd end = run();
   EXPECT_EQ(end.exitStatus, 2);
