@@ -567,5 +567,63 @@ TEST(ScreenPainter, PrintsSignsOnTheKeysThatAreNamedWithWords) {
   }
 }
 
+Picture markedPictureOf(const Element& root, const std::vector<Mark>& marks) {
+  const Element* const layers[] = {&root};
+  const std::optional<Data> png = ScreenPainter(SCREEN, SCALE).png(layers, marks);
+  EXPECT_TRUE(png.has_value());
+  return png ? decoded(*png) : Picture{};
+}
+
+TEST(ScreenPainter, FramesAMarkAndPutsItsWordOnTheCorner) {
+  const auto root = emptyScreen();
+  const Picture picture = markedPictureOf(*root, {{.frame = MIDDLE, .word = "1"}});
+  const Picture plain = pictureOf(*root);
+  EXPECT_EQ(picture.at(100, 125), WHITE_PIXEL) << "the middle of what is framed stays as it is";
+  for (const auto& [x, y] : {std::pair{100, 101}, std::pair{100, 149}, std::pair{21, 125}, std::pair{179, 125}}) {
+    EXPECT_NE(picture.at(x, y), WHITE_PIXEL) << x << ", " << y;
+  }
+  const Rect plate{{13, 93}, {14, 14}};
+  EXPECT_GT(differences(plain, picture, plate).inside, 300) << "the plate is filled";
+  const Picture withoutWord = markedPictureOf(*root, {{.frame = MIDDLE, .word = ""}});
+  EXPECT_EQ(differences(plain, withoutWord, MIDDLE).outside, 0) << "the frame alone lies inside";
+}
+
+TEST(ScreenPainter, AFaintMarkHasAnotherColour) {
+  const auto root = emptyScreen();
+  const Picture strong = markedPictureOf(*root, {{.frame = MIDDLE, .word = ""}});
+  const Picture faint = markedPictureOf(*root, {{.frame = MIDDLE, .word = "", .isFaint = true}});
+  EXPECT_NE(strong.at(100, 101), faint.at(100, 101));
+  EXPECT_EQ(differences(strong, faint, MIDDLE).outside, 0);
+}
+
+TEST(ScreenPainter, TheFirstMarkIsInFront) {
+  const auto root = emptyScreen();
+  const Mark one{.frame = MIDDLE, .word = ""};
+  const Mark two{.frame = MIDDLE, .word = "", .isFaint = true};
+  EXPECT_EQ(markedPictureOf(*root, {one, two}).at(100, 101), markedPictureOf(*root, {one}).at(100, 101));
+  EXPECT_EQ(markedPictureOf(*root, {two, one}).at(100, 101), markedPictureOf(*root, {two}).at(100, 101));
+}
+
+TEST(ScreenPainter, AMarkIsSeenAsFarAsItIsOnTheScreen) {
+  constexpr double INFINITE = std::numeric_limits<double>::infinity();
+  const auto root = emptyScreen();
+  const Picture plain = pictureOf(*root);
+  const Rect screen{{0, 0}, SCREEN};
+  for (const Rect& frame : {Rect{{300, 10}, {20, 20}}, Rect{{10, 10}, {0, 20}}, Rect{{0, 0}, {INFINITE, 20}}}) {
+    EXPECT_EQ(differences(plain, markedPictureOf(*root, {{.frame = frame, .word = "1"}}), screen).inside, 0)
+        << frame.origin.x << ", " << frame.size.width;
+  }
+  const Picture cut = markedPictureOf(*root, {{.frame = {{-50, 280}, {1e9, 1e9}}, .word = ""}});
+  EXPECT_NE(cut.at(1, 290), WHITE_PIXEL) << "the edge of the screen is the frame's";
+  EXPECT_NE(cut.at(199, 290), WHITE_PIXEL);
+  EXPECT_NE(cut.at(100, 299), WHITE_PIXEL);
+}
+
+TEST(ScreenPainter, WithoutMarksThePictureIsTheSame) {
+  const auto root = emptyScreen();
+  add(*root, ElementType::button, MIDDLE, "Basket");
+  EXPECT_EQ(markedPictureOf(*root, {}).pixels, pictureOf(*root).pixels);
+}
+
 }  // namespace
 }  // namespace quobrak::simulator
