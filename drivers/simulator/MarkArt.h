@@ -8,7 +8,7 @@
 
 namespace quobrak::simulator::painting {
 
-/// A frame for each mark, with its word on a plate at the upper left corner; the first one in front.
-void paintMarks(const Canvas& canvas, const Size& screen, std::span<const Mark> marks);
+/// A frame around each mark, the first one in front, and all words before them, on plates at the upper left corners.
+void paintMarks(const Canvas& canvas, const Size& screenSize, std::span<const Mark> marks);
 
 }  // namespace quobrak::simulator::painting

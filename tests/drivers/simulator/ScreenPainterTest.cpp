@@ -576,32 +576,42 @@ Picture markedPictureOf(const Element& root, const std::vector<Mark>& marks) {
 
 TEST(ScreenPainter, FramesAMarkAndPutsItsWordOnTheCorner) {
   const auto root = emptyScreen();
-  const Picture picture = markedPictureOf(*root, {{.frame = MIDDLE, .word = "1"}});
   const Picture plain = pictureOf(*root);
-  EXPECT_EQ(picture.at(100, 125), WHITE_PIXEL) << "the middle of what is framed stays as it is";
-  for (const auto& [x, y] : {std::pair{100, 101}, std::pair{100, 149}, std::pair{21, 125}, std::pair{179, 125}}) {
-    EXPECT_NE(picture.at(x, y), WHITE_PIXEL) << x << ", " << y;
+  const Picture framed = markedPictureOf(*root, {{.frame = MIDDLE, .word = ""}});
+  for (const auto& [x, y] : {std::pair{100, 99}, std::pair{100, 150}, std::pair{19, 125}, std::pair{180, 125}}) {
+    EXPECT_NE(framed.at(x, y), WHITE_PIXEL) << x << ", " << y;
   }
+  EXPECT_EQ(differences(plain, framed, {{21, 101}, {158, 48}}).inside, 0) << "what is framed is seen";
+  EXPECT_EQ(differences(plain, framed, {{17, 97}, {166, 56}}).outside, 0) << "the frame is narrow";
+  const Picture numbered = markedPictureOf(*root, {{.frame = MIDDLE, .word = "1"}});
   const Rect plate{{13, 93}, {14, 14}};
-  EXPECT_GT(differences(plain, picture, plate).inside, 300) << "the plate is filled";
-  const Picture withoutWord = markedPictureOf(*root, {{.frame = MIDDLE, .word = ""}});
-  EXPECT_EQ(differences(plain, withoutWord, MIDDLE).outside, 0) << "the frame alone lies inside";
+  EXPECT_GT(differences(framed, numbered, plate).inside, 300) << "the plate is filled";
+  EXPECT_EQ(differences(framed, numbered, plate).outside, 0);
+}
+
+TEST(ScreenPainter, WordsOfOneCornerStandSideBySide) {
+  const auto root = emptyScreen();
+  const Mark one{.frame = MIDDLE, .word = "1"};
+  const Picture alone = markedPictureOf(*root, {one});
+  const Picture both = markedPictureOf(*root, {one, {.frame = MIDDLE, .word = "2"}});
+  const Rect besideTheFirst{{27, 93}, {14, 14}};
+  EXPECT_GT(differences(alone, both, besideTheFirst).inside, 300);
+  EXPECT_EQ(differences(alone, both, {{13, 93}, {14, 14}}).inside, 0) << "the first one stays as it is";
 }
 
 TEST(ScreenPainter, AFaintMarkHasAnotherColour) {
   const auto root = emptyScreen();
   const Picture strong = markedPictureOf(*root, {{.frame = MIDDLE, .word = ""}});
   const Picture faint = markedPictureOf(*root, {{.frame = MIDDLE, .word = "", .isFaint = true}});
-  EXPECT_NE(strong.at(100, 101), faint.at(100, 101));
-  EXPECT_EQ(differences(strong, faint, MIDDLE).outside, 0);
+  EXPECT_NE(strong.at(100, 99), faint.at(100, 99));
 }
 
 TEST(ScreenPainter, TheFirstMarkIsInFront) {
   const auto root = emptyScreen();
   const Mark one{.frame = MIDDLE, .word = ""};
   const Mark two{.frame = MIDDLE, .word = "", .isFaint = true};
-  EXPECT_EQ(markedPictureOf(*root, {one, two}).at(100, 101), markedPictureOf(*root, {one}).at(100, 101));
-  EXPECT_EQ(markedPictureOf(*root, {two, one}).at(100, 101), markedPictureOf(*root, {two}).at(100, 101));
+  EXPECT_EQ(markedPictureOf(*root, {one, two}).at(100, 99), markedPictureOf(*root, {one}).at(100, 99));
+  EXPECT_EQ(markedPictureOf(*root, {two, one}).at(100, 99), markedPictureOf(*root, {two}).at(100, 99));
 }
 
 TEST(ScreenPainter, AMarkIsSeenAsFarAsItIsOnTheScreen) {
