@@ -9,6 +9,7 @@
 #include "drivers/simulator/Element.h"
 #include "host/terminal/NearestNames.h"
 #include "host/terminal/Terminal.h"
+#include "platform/foundation/Unicode.h"
 
 namespace quobrak::host {
 
@@ -59,6 +60,11 @@ std::string likeTexts(const Selector& selector, const Element& root) {
     }
   });
   texts.erase("");
+  if (takesParts(selector.kind)) {
+    // Spelt right, but of an element that is not looked for.
+    const FoldedText folded = caseFolded(selector.text);
+    std::erase_if(texts, [&folded](std::string_view text) { return contains(caseFolded(text), folded); });
+  }
   const std::vector<std::string_view> all(texts.begin(), texts.end());
   const std::string question = shown(didYouMean(nearestNames(selector.text, all)));
   return question.empty() ? "" : "There is something like it: " + question + "\n";
