@@ -1,11 +1,10 @@
 #include "manual/CommandManual.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <string_view>
-#include <variant>
 
-#include "manual/ArgumentFailures.h"
+#include "manual/ArgumentWords.h"
+#include "manual/DescribedCommands.h"
 #include "manual/Markdown.h"
 
 namespace quobrak::manual {
@@ -27,58 +26,12 @@ All commands of the script language, in groups. How scripts are written and run,
 The examples run on the built-in phone, as they stand.
 )";
 
-std::string_view inWords(Unit unit) {
-  switch (unit) {
-    case Unit::text:
-      return "text";
-    case Unit::milliseconds:
-      return "whole number, milliseconds";
-    case Unit::percent:
-      return "whole number, percent of the screen";
-    case Unit::points:
-      return "number, points";
-    case Unit::count:
-      return "whole number";
-    case Unit::truthValue:
-      return "`true` or `false`";
-  }
-  return "";
-}
-
-std::string whenLeftOut(const ArgumentInfo& argument) {
-  struct InWords {
-    std::string operator()(std::monostate) const { return reading == Reading::direct ? "stops the process" : "error"; }
-    std::string operator()(std::int64_t number) const { return inCode(std::to_string(number)); }
-    std::string operator()(bool truth) const { return truth ? "`true`" : "`false`"; }
-    Reading reading;
-  };
-  return std::visit(InWords{argument.reading}, argument.defaultValue);
-}
-
-bool mayBeLeftOut(const ArgumentInfo& argument) {
-  return !std::holds_alternative<std::monostate>(argument.defaultValue);
-}
-
-/// "name,first[,second]"
-std::string usage(const CommandRow& row) {
-  std::string line(row.name);
-  std::string brackets;
-  for (const ArgumentInfo& argument : row.arguments()) {
-    if (mayBeLeftOut(argument)) {
-      line += "[";
-      brackets += "]";
-    }
-    line += "," + std::string(argument.label);
-  }
-  return line + brackets;
-}
-
-std::string argumentTable(const CommandRow& row, const CommandNote& note) {
+std::string argumentTable(const DescribedCommand& command) {
   std::vector<std::vector<std::string>> rows;
-  for (std::size_t i = 0; i < note.arguments.size(); ++i) {
-    const ArgumentInfo& argument = row.arguments()[i];
-    rows.push_back(
-        {inCode(argument.label), note.arguments[i], std::string(inWords(argument.unit)), whenLeftOut(argument)});
+  for (std::size_t i = 0; i < command.note.arguments.size(); ++i) {
+    const ArgumentInfo& argument = command.row.arguments()[i];
+    rows.push_back({inCode(argument.label), command.note.arguments[i], std::string(writtenAs(argument.unit)),
+                    whenLeftOut(argument)});
   }
   return table({"Argument", "What it is", "Written as", "Left out"}, rows);
 }
@@ -95,67 +48,39 @@ std::string afterEmptyLine(const std::string& piece) {
   return piece.empty() ? "" : "\n" + piece;
 }
 
-std::string section(const CommandRow& row, const CommandNote& note) {
+std::string section(const DescribedCommand& command) {
+  const CommandNote& note = command.note;
   const std::string blank = note.description.empty() ? "" : " ";
-  return "\n### " + note.name + "\n\n" + block(usage(row)) + "\n" +
-         wrapped(std::string(row.summary) + blank + note.description) + afterEmptyLine(argumentTable(row, note)) +
-         afterEmptyLine(failureTable("Error", errorsOf(row, note))) +
-         afterEmptyLine(failureTable("Stops the process", stopsOf(row, note))) + "\nExample:\n\n" + block(note.example);
+  return "\n### " + note.name + "\n\n" + block(usage(command.row)) + "\n" +
+         wrapped(std::string(command.row.summary) + blank + note.description) + afterEmptyLine(argumentTable(command)) +
+         afterEmptyLine(failureTable("Error", errorsOf(command.row, note))) +
+         afterEmptyLine(failureTable("Stops the process", stopsOf(command.row, note))) + "\nExample:\n\n" +
+         block(note.example);
 }
 
-std::string contents(const std::vector<CommandGroup>& groups) {
+std::string contents(const std::vector<DescribedGroup>& groups) {
   std::string lines;
-  for (const CommandGroup& group : groups) {
+  for (const DescribedGroup& group : groups) {
     std::string line = "- [" + group.title + "](#" + anchorOf(group.title) + "):";
-    for (const CommandNote& note : group.notes) {
+    for (const DescribedCommand& command : group.commands) {
       line += (line.ends_with(":") ? " " : ", ");
-      line += "[" + note.name + "](#" + anchorOf(note.name) + ")";
+      line += "[" + command.note.name + "](#" + anchorOf(command.note.name) + ")";
     }
     lines += wrapped(line);
   }
   return lines;
 }
 
-/// Takes the row that the note is on, which must be the next one.
-const CommandRow& takeRow(std::span<const CommandRow>& rows, const CommandNote& note) {
-  if (rows.empty() || rows.front().name != note.name) {
-    throw NotesError("a note on \"" + note.name + "\" where the command table " +
-                     (rows.empty() ? "ends" : "has \"" + std::string(rows.front().name) + "\""));
-  }
-  const CommandRow& row = rows.front();
-  if (row.arguments().size() != note.arguments.size()) {
-    throw NotesError("the note on \"" + note.name + "\" tells of " + std::to_string(note.arguments.size()) +
-                     " arguments; the command has " + std::to_string(row.arguments().size()));
-  }
-  rows = rows.subspan(1);
-  return row;
-}
-
-std::vector<Failure> joined(std::vector<Failure> first, const std::vector<Failure>& second) {
-  first.insert(first.end(), second.begin(), second.end());
-  return first;
-}
-
 }  // namespace
 
-std::vector<Failure> errorsOf(const CommandRow& row, const CommandNote& note) {
-  return joined(argumentErrors(row), note.errors);
-}
-
-std::vector<Failure> stopsOf(const CommandRow& row, const CommandNote& note) {
-  return joined(argumentStops(row), note.stops);
-}
-
 std::string commandManual(std::span<const CommandRow> table, const std::vector<CommandGroup>& groups) {
-  std::string page = wrapped(INTRODUCTION) + "\n" + contents(groups);
-  for (const CommandGroup& group : groups) {
+  const std::vector<DescribedGroup> described = describedCommands(table, groups);
+  std::string page = wrapped(INTRODUCTION) + "\n" + contents(described);
+  for (const DescribedGroup& group : described) {
     page += "\n## " + group.title + "\n" + afterEmptyLine(wrapped(group.introduction));
-    for (const CommandNote& note : group.notes) {
-      page += section(takeRow(table, note), note);
+    for (const DescribedCommand& command : group.commands) {
+      page += section(command);
     }
-  }
-  if (!table.empty()) {
-    throw NotesError("no note on \"" + std::string(table.front().name) + "\", which the command table has");
   }
   return page;
 }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <span>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -9,17 +8,6 @@
 #include "quobrakUITests/CommandRow.h"
 
 namespace quobrak::manual {
-
-/// The notes do not fit the command table: names the command, and what is wrong.
-class NotesError : public std::runtime_error {
- public:
-  using std::runtime_error::runtime_error;
-};
-
-/// What can go wrong with a command, its arguments first.
-std::vector<Failure> errorsOf(const CommandRow& row, const CommandNote& note);
-/// What stops the process, its arguments first.
-std::vector<Failure> stopsOf(const CommandRow& row, const CommandNote& note);
 
 /// The page on all commands, in Markdown. The notes must be those of the rows, in the same order, with as many
 /// arguments each; otherwise throws `NotesError`.

@@ -4,10 +4,9 @@
 #include <array>
 #include <exception>
 #include <string>
-#include <utility>
-#include <vector>
 
 #include "quobrakUITests/FWKTError.h"
+#include "quobrakUITests/SelectorPredicates.h"
 #include "quobrakUITests/TestContext.h"
 
 namespace quobrak {
@@ -48,17 +47,6 @@ void requireNone(const std::optional<std::string>& fault) {
   }
 }
 
-NSPredicate textPredicate(const TextSearch& search) {
-  const std::string comparison = search.isTextExact ? "MATCHES" : "CONTAINS[c]";
-  std::vector<NSPredicate> alternatives;
-  for (const std::string attribute : {"label", "identifier", "placeholderValue"}) {
-    alternatives.emplace_back(
-        attribute + " " + comparison + " %@ and enabled == %@",
-        std::initializer_list<NSPredicate::Argument>{std::string(search.selector), search.isEnabled});
-  }
-  return NSCompoundPredicate::orPredicate(std::move(alternatives));
-}
-
 /// Picks the element of that rank among the matches, and remembers it.
 XCUIElement pickNth(const XCUIElementQuery& query, std::int64_t nthElement, const std::string& sought) {
   const std::size_t count = query.count();
@@ -88,7 +76,8 @@ std::optional<XCUIElement> Find::lastElementFound;
 
 XCUIElement Find::findByText(const TextSearch& search) {
   requireNone(rankFault(search.nthElement));
-  const NSPredicate predicate = textPredicate(search);
+  const NSPredicate predicate =
+      anyTextPredicate({.text = search.selector, .isExact = search.isTextExact}, search.isEnabled);
   const XCUIApplication app = TestContext::shared().getTestingApp();
   return pickNth(app.descendants(ElementType::any).matching(predicate), search.nthElement,
                  "text " + std::string(search.selector));
@@ -98,9 +87,8 @@ XCUIElement Find::findByClass(const ClassSearch& search) {
   requireNone(classNameFault(search.selector));
   requireNone(rankFault(search.nthElement));
   const XCUIApplication app = TestContext::shared().getTestingApp();
-  return pickNth(
-      app.descendants(classNamed(search.selector)->type).matching(NSPredicate("enabled == %@", {search.isEnabled})),
-      search.nthElement, "class " + std::string(search.selector));
+  return pickNth(app.descendants(classNamed(search.selector)->type).matching(statePredicate(search.isEnabled)),
+                 search.nthElement, "class " + std::string(search.selector));
 }
 
 bool Find::isTextExists(std::string_view selector) {

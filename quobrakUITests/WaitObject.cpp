@@ -7,6 +7,7 @@
 #include "platform/uiautomation/XCUIApplication.h"
 #include "quobrakUITests/Click.h"
 #include "quobrakUITests/Parameters.h"
+#include "quobrakUITests/SelectorPredicates.h"
 #include "quobrakUITests/TestContext.h"
 
 namespace quobrak {
@@ -28,8 +29,7 @@ struct TextWait {
 };
 
 NSPredicate predicateOf(const TextWait& wait) {
-  const std::string comparison = wait.isTextExact ? "MATCHES %@" : "CONTAINS[c] %@";
-  return NSPredicate(std::string(wait.attribute) + " " + comparison, {std::string(wait.selector)});
+  return attributePredicate(wait.attribute, {.text = wait.selector, .isExact = wait.isTextExact});
 }
 
 bool waitForExists(const TextWait& wait) {

@@ -29,6 +29,8 @@ class NamedValues final : public KeyValueSource {
   explicit NamedValues(std::map<std::string, std::string, std::less<>> texts) : texts_(std::move(texts)) {}
 
   const std::string& text(std::string_view name) const;
+  /// Those that were set, by name.
+  const std::map<std::string, std::string, std::less<>>& texts() const { return texts_; }
   void set(const std::string& name, std::string text) { texts_.insert_or_assign(name, std::move(text)); }
 
   /// Counts on from the value's whole number, or from 0 where its text is none. Stops at the ends of 64 bits.

@@ -42,9 +42,8 @@ class Phone {
   const RunningApplication* running(const std::string& bundleIdentifier) const {
     return applications_.running(bundleIdentifier);
   }
-  bool isInFront(const std::string& bundleIdentifier) const {
-    return bundleIdentifier == applications_.frontIdentifier();
-  }
+  const std::string& frontIdentifier() const { return applications_.frontIdentifier(); }
+  bool isInFront(const std::string& bundleIdentifier) const { return bundleIdentifier == frontIdentifier(); }
 
   /// The alert that takes all touches; null where none is up. The last one that was raised comes first.
   const SystemAlert* alert() const { return applications_.alert(); }

@@ -24,8 +24,8 @@ PixelView pixelsOf(cairo_surface_t* surface) {
 
 ScreenPainter::ScreenPainter(Size size, double scale) : size_(size), scale_(scale) {}
 
-std::optional<Data> ScreenPainter::png(std::span<const Element* const> layers) const {
-  const painting::Surface surface = painting::paintedScreen(size_, scale_, layers);
+std::optional<Data> ScreenPainter::png(std::span<const Element* const> layers, std::span<const Mark> marks) const {
+  const painting::Surface surface = painting::paintedScreen(size_, scale_, layers, marks);
   return surface == nullptr ? std::nullopt : encodedPng(pixelsOf(surface.get()));
 }
 

@@ -2,6 +2,7 @@
 
 #include "drivers/simulator/Canvas.h"
 #include "drivers/simulator/ElementArt.h"
+#include "drivers/simulator/MarkArt.h"
 #include "drivers/simulator/Rectangles.h"
 
 #include <algorithm>
@@ -92,7 +93,8 @@ int pixels(double points, double scale) {
 
 }  // namespace
 
-Surface paintedScreen(const Size& size, double scale, std::span<const Element* const> layers) {
+Surface paintedScreen(const Size& size, double scale, std::span<const Element* const> layers,
+                      std::span<const Mark> marks) {
   Surface surface(
       cairo_image_surface_create(CAIRO_FORMAT_RGB24, pixels(size.width, scale), pixels(size.height, scale)));
   const std::unique_ptr<cairo_t, ContextDeleter> context(cairo_create(surface.get()));
@@ -102,6 +104,7 @@ Surface paintedScreen(const Size& size, double scale, std::span<const Element* c
   for (const Element* layer : layers) {
     LayerPainter(canvas, size).paint(*layer);
   }
+  paintMarks(canvas, size, marks);
   cairo_surface_flush(surface.get());
   if (cairo_status(context.get()) != CAIRO_STATUS_SUCCESS) {
     return nullptr;

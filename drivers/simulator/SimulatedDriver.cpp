@@ -132,13 +132,13 @@ bool SimulatedDriver::isHittableNow(const Element& element) const {
   return (isOnScreen || isInAlert) && simulator::isHittable(element);
 }
 
-std::size_t SimulatedDriver::count(const XCUIElementQuery& query) {
+std::vector<const Element*> SimulatedDriver::elements(const XCUIElementQuery& query) {
   const Operation operation("count", query, phone_);
   const Element* const root = rootOf(query.root());
   if (root == nullptr) {
-    return 0;
+    return {};
   }
-  return operation.guarded([&] { return queries_.elements(query, *root).size(); });
+  return operation.guarded([&] { return queries_.elements(query, *root); });
 }
 
 bool SimulatedDriver::exists(const XCUIElement& element) {

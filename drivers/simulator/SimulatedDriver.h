@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "drivers/simulator/Phone.h"
 #include "drivers/simulator/Queries.h"
@@ -26,13 +27,19 @@ class SimulatedDriver final : public UIDriver {
   /// `clock` must outlive the driver.
   SimulatedDriver(PhoneDescription phone, Clock& clock);
 
+  /// The elements that the query finds now, for who is on the same machine as the phone. They stay as long as nothing
+  /// is done and no time passes.
+  std::vector<const Element*> elements(const XCUIElementQuery& query);
+  /// Whether a touch on the element of the phone would land on it, as the phone is now.
+  bool isHittableNow(const Element& element) const;
+
   const Phone& phone() const { return phone_; }
   Phone& phone() { return phone_; }
 
   void launch(const std::string& bundleIdentifier) override;
   void terminate(const std::string& bundleIdentifier) override;
 
-  std::size_t count(const XCUIElementQuery& query) override;
+  std::size_t count(const XCUIElementQuery& query) override { return elements(query).size(); }
   bool exists(const XCUIElement& element) override;
   std::string label(const XCUIElement& element) override;
   std::string identifier(const XCUIElement& element) override;
@@ -67,7 +74,6 @@ class SimulatedDriver final : public UIDriver {
   const Element* rootOf(const QueryRoot& root) const;
   const Element* found(const Operation& operation, const XCUIElement& element) const;
   const Element& required(const Operation& operation, const XCUIElement& element) const;
-  bool isHittableNow(const Element& element) const;
   void touch(const Operation& operation, const XCUIElement& element, Seconds duration);
   void touch(const Operation& operation, const XCUICoordinate& point, Seconds duration);
   Point screenPoint(const Operation& operation, const XCUICoordinate& point) const;

@@ -7,9 +7,9 @@
 #include <set>
 #include <utility>
 
-#include "manual/CommandManual.h"
 #include "manual/CommandNotes.h"
 #include "manual/CommonFailures.h"
+#include "manual/DescribedCommands.h"
 #include "platform/uiautomation/UIAutomationError.h"
 #include "quobrakUITests/CommandDispatch.h"
 #include "quobrakUITests/CommandTable.h"

@@ -28,6 +28,7 @@ constexpr std::array EXCEPTIONS{
     Exception{"drivers/simulator/ContainerArt.cpp", "drawing; ScreenPainterTest looks at the picture"},
     Exception{"drivers/simulator/ControlArt.cpp", "drawing; ScreenPainterTest looks at the picture"},
     Exception{"drivers/simulator/ElementArt.cpp", "drawing; ScreenPainterTest looks at the picture"},
+    Exception{"drivers/simulator/MarkArt.cpp", "drawing; ScreenPainterTest looks at the picture"},
     Exception{"drivers/simulator/PictureArt.cpp", "drawing; ScreenPainterTest looks at the picture"},
     Exception{"drivers/simulator/TextArt.cpp", "drawing; ScreenPainterTest looks at the picture"},
     Exception{"drivers/simulator/Canvas.cpp", "drawing; ScreenPainterTest looks at the picture"},

@@ -35,7 +35,7 @@ const std::vector<Permission>& ours() {
       {"host/run/", {"platform/foundation/", "quobrakUITests/", "host/"}},
       {"host/report/", {"platform/foundation/", "quobrakUITests/", "host/"}},
       {"host/commands/", {"quobrakUITests/", "platform/foundation/", "manual/", "host/"}},
-      {"host/phone/", {"platform/", "drivers/simulator/", "host/"}},
+      {"host/phone/", {"platform/", "quobrakUITests/", "drivers/simulator/", "host/"}},
       {"host/", {"platform/foundation/", "host/"}},
       {"tests/",
        {"platform/", "quobrakUITests/", "drivers/", "phoneserver/", "runner/", "manual/", "host/", "fuzz/", "tests/"}},

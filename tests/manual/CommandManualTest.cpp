@@ -15,7 +15,6 @@ namespace quobrak::manual {
 namespace {
 
 using ::testing::HasSubstr;
-using ::testing::ThrowsMessage;
 
 using Text = DirectField<1, "text">;
 using Period = CheckedField<&Parameters::getPeriod, 2, "period", Unit::milliseconds, DEFAULT_ENTER_TEXT_FREQUENCY>;
@@ -130,23 +129,6 @@ rest
 ```
 )"));
   EXPECT_THAT(page, HasSubstr("| `timeMillis` | how long | whole number, milliseconds | error |"));
-}
-
-TEST(CommandManual, NeedsANoteForEachRowInTheSameOrder) {
-  const CommandNote sleep = note("sleep", {"how long"});
-  const CommandNote rest = note("rest", {});
-  struct Case {
-    std::vector<CommandNote> notes;
-    std::string message;
-  };
-  for (const auto& [notes, message] :
-       {Case{{TYPE, rest, sleep}, R"(a note on "rest" where the command table has "sleep")"},
-        Case{{TYPE, sleep}, R"(no note on "rest", which the command table has)"},
-        Case{{TYPE, sleep, rest, rest}, R"(a note on "rest" where the command table ends)"},
-        Case{{TYPE, note("sleep", {}), rest}, R"(the note on "sleep" tells of 0 arguments; the command has 1)"}}) {
-    const std::vector<CommandGroup> group{{.title = "All", .introduction = "", .notes = notes}};
-    EXPECT_THAT([&group] { commandManual(TABLE, group); }, ThrowsMessage<NotesError>(message));
-  }
 }
 
 TEST(CommandManual, ADifferenceBetweenPagesIsFound) {

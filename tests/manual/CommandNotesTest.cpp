@@ -6,7 +6,7 @@
 #include <set>
 #include <string_view>
 
-#include "manual/CommandManual.h"
+#include "manual/DescribedCommands.h"
 #include "quobrakUITests/CommandTable.h"
 #include "quobrakUITests/Fields.h"
 

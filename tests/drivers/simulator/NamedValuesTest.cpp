@@ -114,6 +114,13 @@ TEST(NamedValues, ArePredicatesAttributes) {
   EXPECT_FALSE(PredicateEvaluator(NSPredicate("shop.basket CONTAINS never.set")).evaluate(values));
 }
 
+TEST(NamedValues, TellAllThatWereSet) {
+  NamedValues values(Texts{{"b", "1"}});
+  values.set("a", "");
+  EXPECT_EQ(values.text("c"), "");
+  EXPECT_EQ(values.texts(), (Texts{{"a", ""}, {"b", "1"}}));
+}
+
 TEST(TextTemplate, StandsForValues) {
   const NamedValues values(Texts{{"a", "1"}, {"shop.item", "Lämp"}, {"nested", "${a}"}});
   const std::pair<std::string_view, std::string_view> ROWS[] = {

@@ -567,5 +567,73 @@ TEST(ScreenPainter, PrintsSignsOnTheKeysThatAreNamedWithWords) {
   }
 }
 
+Picture markedPictureOf(const Element& root, const std::vector<Mark>& marks) {
+  const Element* const layers[] = {&root};
+  const std::optional<Data> png = ScreenPainter(SCREEN, SCALE).png(layers, marks);
+  EXPECT_TRUE(png.has_value());
+  return png ? decoded(*png) : Picture{};
+}
+
+TEST(ScreenPainter, FramesAMarkAndPutsItsWordOnTheCorner) {
+  const auto root = emptyScreen();
+  const Picture plain = pictureOf(*root);
+  const Picture framed = markedPictureOf(*root, {{.frame = MIDDLE, .word = ""}});
+  for (const auto& [x, y] : {std::pair{100, 99}, std::pair{100, 150}, std::pair{19, 125}, std::pair{180, 125}}) {
+    EXPECT_NE(framed.at(x, y), WHITE_PIXEL) << x << ", " << y;
+  }
+  EXPECT_EQ(differences(plain, framed, {{21, 101}, {158, 48}}).inside, 0) << "what is framed is seen";
+  EXPECT_EQ(differences(plain, framed, {{17, 97}, {166, 56}}).outside, 0) << "the frame is narrow";
+  const Picture numbered = markedPictureOf(*root, {{.frame = MIDDLE, .word = "1"}});
+  const Rect plate{{13, 93}, {14, 14}};
+  EXPECT_GT(differences(framed, numbered, plate).inside, 300) << "the plate is filled";
+  EXPECT_EQ(differences(framed, numbered, plate).outside, 0);
+}
+
+TEST(ScreenPainter, WordsOfOneCornerStandSideBySide) {
+  const auto root = emptyScreen();
+  const Mark one{.frame = MIDDLE, .word = "1"};
+  const Picture alone = markedPictureOf(*root, {one});
+  const Picture both = markedPictureOf(*root, {one, {.frame = MIDDLE, .word = "2"}});
+  const Rect besideTheFirst{{27, 93}, {14, 14}};
+  EXPECT_GT(differences(alone, both, besideTheFirst).inside, 300);
+  EXPECT_EQ(differences(alone, both, {{13, 93}, {14, 14}}).inside, 0) << "the first one stays as it is";
+}
+
+TEST(ScreenPainter, AFaintMarkHasAnotherColour) {
+  const auto root = emptyScreen();
+  const Picture strong = markedPictureOf(*root, {{.frame = MIDDLE, .word = ""}});
+  const Picture faint = markedPictureOf(*root, {{.frame = MIDDLE, .word = "", .isFaint = true}});
+  EXPECT_NE(strong.at(100, 99), faint.at(100, 99));
+}
+
+TEST(ScreenPainter, TheFirstMarkIsInFront) {
+  const auto root = emptyScreen();
+  const Mark one{.frame = MIDDLE, .word = ""};
+  const Mark two{.frame = MIDDLE, .word = "", .isFaint = true};
+  EXPECT_EQ(markedPictureOf(*root, {one, two}).at(100, 99), markedPictureOf(*root, {one}).at(100, 99));
+  EXPECT_EQ(markedPictureOf(*root, {two, one}).at(100, 99), markedPictureOf(*root, {two}).at(100, 99));
+}
+
+TEST(ScreenPainter, AMarkIsSeenAsFarAsItIsOnTheScreen) {
+  constexpr double INFINITE = std::numeric_limits<double>::infinity();
+  const auto root = emptyScreen();
+  const Picture plain = pictureOf(*root);
+  const Rect screen{{0, 0}, SCREEN};
+  for (const Rect& frame : {Rect{{300, 10}, {20, 20}}, Rect{{10, 10}, {0, 20}}, Rect{{0, 0}, {INFINITE, 20}}}) {
+    EXPECT_EQ(differences(plain, markedPictureOf(*root, {{.frame = frame, .word = "1"}}), screen).inside, 0)
+        << frame.origin.x << ", " << frame.size.width;
+  }
+  const Picture cut = markedPictureOf(*root, {{.frame = {{-50, 280}, {1e9, 1e9}}, .word = ""}});
+  EXPECT_NE(cut.at(1, 290), WHITE_PIXEL) << "the edge of the screen is the frame's";
+  EXPECT_NE(cut.at(199, 290), WHITE_PIXEL);
+  EXPECT_NE(cut.at(100, 299), WHITE_PIXEL);
+}
+
+TEST(ScreenPainter, WithoutMarksThePictureIsTheSame) {
+  const auto root = emptyScreen();
+  add(*root, ElementType::button, MIDDLE, "Basket");
+  EXPECT_EQ(markedPictureOf(*root, {}).pixels, pictureOf(*root).pixels);
+}
+
 }  // namespace
 }  // namespace quobrak::simulator

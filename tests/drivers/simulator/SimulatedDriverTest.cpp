@@ -84,6 +84,23 @@ class SimulatedDriverTest : public ::testing::Test {
   std::chrono::milliseconds started_{};
 };
 
+// For who is on the same machine.
+
+TEST(SimulatedDriver, TellsWhichElementsAQueryFindsAndWhetherTheyCanBeTouched) {
+  VirtualClock clock;
+  SimulatedDriver driver(loadPhone(quobrak::testing::smallPhone(PAGE)), clock);
+  EXPECT_THAT(driver.elements(APP.buttons()), IsEmpty()) << "it does not run";
+  driver.launch("com.example.test");
+  const std::vector<const Element*> buttons = driver.elements(APP.buttons());
+  ASSERT_EQ(buttons.size(), 2U);
+  EXPECT_EQ(buttons[0]->identifier, "ok");
+  EXPECT_EQ(buttons[1]->identifier, "hidden");
+  EXPECT_TRUE(driver.isHittableNow(*buttons[0]));
+  EXPECT_FALSE(driver.isHittableNow(*buttons[1])) << "it lies outside the screen";
+  driver.launch("com.apple.springboard");
+  EXPECT_FALSE(driver.isHittableNow(*buttons[0])) << "another application is in front";
+}
+
 // Applications.
 
 TEST_F(SimulatedDriverTest, LaunchTakesTheLaunchTime) {
