@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <utility>
 
 #include "host/program/HelpPage.h"
 #include "host/program/Paragraphs.h"
@@ -47,11 +48,19 @@ class Page {
 
   void line(std::string_view text) { text_.append(text).append("\n"); }
 
-  void section(std::string_view title) { line(".SH " + std::string(title)); }
+  void section(std::string_view title) {
+    line(".SH " + std::string(title));
+    hasBegun_ = false;
+  }
 
   void paragraphs(std::string_view text) {
     for (const Paragraph& paragraph : paragraphsOf(text)) {
-      line(paragraph.isKept ? ".PP\n.nf" : ".PP");
+      if (std::exchange(hasBegun_, true)) {
+        line(".PP");
+      }
+      if (paragraph.isKept) {
+        line(".nf");
+      }
       for (const std::string& part : paragraph.lines) {
         line(escaped(part));
       }
@@ -63,8 +72,7 @@ class Page {
 
   void description(const DeclaredCommand& command) {
     section("DESCRIPTION");
-    paragraphs(command.summary + ".");
-    paragraphs(command.description);
+    paragraphs(command.summary + ".\n\n" + command.description);
   }
 
   void options(const DeclaredCommand& command) {
@@ -112,6 +120,8 @@ class Page {
   }
 
   std::string text_;
+  /// Whether the section has a paragraph; the first one needs no request.
+  bool hasBegun_ = false;
 };
 
 }  // namespace

@@ -30,7 +30,6 @@ quobrak\-paint \- Paints what a file says
 .SH SYNOPSIS
 \fBquobrak paint\fR [OPTION]... FILE...
 .SH DESCRIPTION
-.PP
 Paints what a file says.
 .PP
 A picture is painted from the left to the right, and from the top to the bottom, as one reads.
