@@ -23,6 +23,8 @@ constexpr std::array EXCEPTIONS{
     Exception{"manual/RunNotes.cpp", "texts; CommandNotesTest looks at all notes"},
     Exception{"manual/TouchNotes.cpp", "texts; CommandNotesTest looks at all notes"},
     Exception{"host/main.cpp", "a main function cannot be linked to a test; tests/process starts the executable"},
+    Exception{"host/pictures/main.cpp",
+              "a main function cannot be linked to a test; PicturesTest compares what it writes"},
     Exception{"host/pages.cpp", "a main function cannot be linked to a test; InstallTest looks at what it writes"},
     Exception{"runner/main.cpp", "a main function cannot be linked to a test; tests/process starts the executable"},
     Exception{"drivers/simulator/BarArt.cpp", "drawing; ScreenPainterTest looks at the picture"},
