@@ -44,10 +44,8 @@ constexpr std::array SHELLS{Shell{.name = "bash", .script = bashCompletion},
                             Shell{.name = "fish", .script = fishCompletion}};
 
 std::vector<std::string> shellNames() {
-  std::vector<std::string> names;
-  for (const Shell& shell : SHELLS) {
-    names.emplace_back(shell.name);
-  }
+  std::vector<std::string> names(SHELLS.size());
+  std::transform(SHELLS.begin(), SHELLS.end(), names.begin(), [](const Shell& shell) { return shell.name; });
   return names;
 }
 

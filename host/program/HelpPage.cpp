@@ -112,26 +112,25 @@ std::vector<Entry> entriesOf(const std::vector<DeclaredOption>& options) {
   const bool haveShortNames = std::any_of(options.begin(), options.end(), [](const DeclaredOption& option) {
     return !option.names.empty() && !option.names.front().starts_with("--");
   });
-  std::vector<Entry> entries;
-  for (const DeclaredOption& option : options) {
-    entries.emplace_back(aligned(option, haveShortNames), explanationOf(option));
-  }
+  std::vector<Entry> entries(options.size());
+  std::transform(options.begin(), options.end(), entries.begin(), [&](const DeclaredOption& option) {
+    return Entry(aligned(option, haveShortNames), explanationOf(option));
+  });
   return entries;
 }
 
 std::vector<Entry> entriesOf(const std::vector<DeclaredCommand>& subcommands) {
-  std::vector<Entry> entries;
-  for (const DeclaredCommand& subcommand : subcommands) {
-    entries.emplace_back(subcommand.name, subcommand.summary);
-  }
+  std::vector<Entry> entries(subcommands.size());
+  std::transform(subcommands.begin(), subcommands.end(), entries.begin(),
+                 [](const DeclaredCommand& subcommand) { return Entry(subcommand.name, subcommand.summary); });
   return entries;
 }
 
 std::vector<Entry> entriesOf(const std::vector<ExitMeaning>& meanings) {
-  std::vector<Entry> entries;
-  for (const ExitMeaning& exit : meanings) {
-    entries.emplace_back(std::to_string(static_cast<int>(exit.status)), exit.meaning);
-  }
+  std::vector<Entry> entries(meanings.size());
+  std::transform(meanings.begin(), meanings.end(), entries.begin(), [](const ExitMeaning& exit) {
+    return Entry(std::to_string(static_cast<int>(exit.status)), exit.meaning);
+  });
   return entries;
 }
 
