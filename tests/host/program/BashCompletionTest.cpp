@@ -64,6 +64,11 @@ TEST_F(BashCompletion, OfFilesAndFolders) {
   EXPECT_THAT(completed({"quobrak", "paint", "-o", ""}), ElementsAre("pictures"));
 }
 
+TEST_F(BashCompletion, TakesNothingForAnOptionBehindTwoHyphens) {
+  folder.write("work/--odd.txt", "");
+  EXPECT_THAT(completed({"quobrak", "paint", "--", "--"}), ElementsAre("--odd.txt"));
+}
+
 TEST_F(BashCompletion, OfArgumentsByTheirPlace) {
   EXPECT_THAT(completed({"quobrak", "show", "p"}), ElementsAre("pause", "pressHome"));
   EXPECT_THAT(completed({"quobrak", "show", "pause", ""}), IsEmpty());

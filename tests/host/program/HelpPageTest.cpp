@@ -13,7 +13,8 @@ using ::testing::HasSubstr;
 using ::testing::StartsWith;
 
 TEST(HelpPage, OfTheProgram) {
-  EXPECT_EQ(helpOfProgram(sampleProgram(), Terminal{}), R"(Checks, rehearses and runs UI scripts for phones, and explains their commands
+  EXPECT_EQ(helpOfProgram(sampleProgram(), Terminal{}),
+            R"(Checks, rehearses and runs UI scripts for phones, and explains their commands
 
 Usage: quobrak SUBCOMMAND [OPTION]... [ARGUMENT]...
 
@@ -65,7 +66,7 @@ the top to the bottom, as one reads.
   .dots - and
   'quotes'
 
-What is \ stays.
+.txt and \ stay.
 
 Arguments:
   FILE...  What to paint

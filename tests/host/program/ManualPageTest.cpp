@@ -39,7 +39,7 @@ A picture is painted from the left to the right, and from the top to the bottom,
   'quotes'
 .fi
 .PP
-What is \e stays.
+\&.txt and \e stay.
 .SH ARGUMENTS
 .TP
 \fBFILE...\fR
@@ -98,7 +98,7 @@ TEST(ManualPage, OfTheProgramNamesItsSubcommandsAndTheOtherPages) {
 TEST(ManualPage, IsShownByManWithoutAWarning) {
   EXPECT_THAT(shownByMan(manualOfSubcommand(samplePaint(), "quobrak 1.2.3")),
               AllOf(HasSubstr("quobrak paint [OPTION]... FILE..."), HasSubstr("  .dots - and\n"),
-                    HasSubstr("'quotes'\n"), HasSubstr("What is \\ stays.")));
+                    HasSubstr("'quotes'\n"), HasSubstr(".txt and \\ stay.")));
   EXPECT_THAT(shownByMan(manualOfProgram(sampleProgram(), "quobrak 1.2.3")), HasSubstr("EXIT STATUS"));
 }
 

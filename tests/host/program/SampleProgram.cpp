@@ -51,7 +51,7 @@ std::vector<Subcommand> sampleSubcommands() {
   return {{.name = "paint",
            .summary = "Paints what a file says",
            .description = "A picture is painted from the left to the right, and from the top to the bottom, as one "
-                          "reads.\n\n  .dots - and\n  'quotes'\n\nWhat is \\ stays.",
+                          "reads.\n\n  .dots - and\n  'quotes'\n\n.txt and \\ stay.",
            .examples = {{.line = "quobrak paint a.txt -o pictures", .purpose = "paints one file"},
                         {.line = "quobrak paint *.txt --quiet", .purpose = "paints all, without a word"}},
            .declare = declarePaint,
