@@ -31,6 +31,7 @@ TEST(UseErrors, SayWhatWouldBeRight) {
   const Row ROWS[] = {
       {{"pant"}, "there is no subcommand pant; did you mean paint?"},
       {{"bake"}, "there is no subcommand bake; there are paint, show, completion and help"},
+      {{"\x1b[2J"}, "there is no subcommand ␛[2J; there are paint, show, completion and help"},
       {{"--", "bake"}, "there is no subcommand bake; there are paint, show, completion and help"},
       {{"--"}, "no subcommand is named; there are paint, show, completion and help"},
       {{"--verison"}, "quobrak has no option --verison; did you mean --version?"},
