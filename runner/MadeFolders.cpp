@@ -1,7 +1,5 @@
 #include "runner/MadeFolders.h"
 
-#include <system_error>
-
 namespace quobrak {
 
 namespace fs = std::filesystem;
@@ -12,7 +10,7 @@ MadeFolders::MadeFolders(const fs::path& folder) {
        missing = missing.parent_path()) {
     made_.push_back(missing);
   }
-  fs::create_directories(folder, ignored);
+  fs::create_directories(folder, failure_);
 }
 
 MadeFolders::~MadeFolders() {

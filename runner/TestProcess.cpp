@@ -85,14 +85,23 @@ DriverMaker driverMaker(const Configuration& configuration) {
   return [phone](Clock& clock) { return std::make_unique<simulator::SimulatedDriver>(std::move(*phone), clock); };
 }
 
-std::unique_ptr<FileManager> openDocuments(const std::string& path) {
+[[noreturn]] void refuseDocuments(const std::string& path, const std::string& why) {
+  throw ConfigurationError("QUOBRAK_DOCUMENTS is \"" + path + "\", which cannot be " + why);
+}
+
+/// `made` has tried to make the folder where it was missing.
+std::unique_ptr<FileManager> openDocuments(const std::string& path, const MadeFolders& made) {
+  std::error_code ignored;
+  if (std::filesystem::is_regular_file(path, ignored)) {
+    refuseDocuments(path, "used: it is no folder");
+  }
+  if (made.failure()) {
+    refuseDocuments(path, "made: " + made.failure().message());
+  }
   try {
     return std::make_unique<ConfinedFileManager>(path);
   } catch (const FileManagerError& unusable) {
-    std::error_code ignored;
-    const bool isFile = std::filesystem::is_regular_file(path, ignored);
-    throw ConfigurationError("QUOBRAK_DOCUMENTS is \"" + path +
-                             "\", which cannot be used: " + (isFile ? "it is no folder" : unusable.what()));
+    refuseDocuments(path, std::string("used: ") + unusable.what());
   }
 }
 
@@ -104,7 +113,7 @@ class InstalledPlatform {
     // may lie in the Documents directory.
     const DriverMaker makeDriver = driverMaker(configuration);
     MadeFolders documents(configuration.documents);
-    std::unique_ptr<FileManager> files = openDocuments(configuration.documents);
+    std::unique_ptr<FileManager> files = openDocuments(configuration.documents, documents);
     if (configuration.trace) {
       output_.emplace(*configuration.trace);
     }

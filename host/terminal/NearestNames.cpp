@@ -41,25 +41,41 @@ std::size_t mostChanges(std::string_view written) {
   return std::max<std::size_t>(1, written.size() / 3);
 }
 
+struct Candidate {
+  std::string_view name;
+  std::size_t changes = 0;
+  bool isBegun = false;
+};
+
+/// Beside a name that is right but for its letter case no other one is meant, and beside a near one none that is much
+/// farther. The candidates are in order.
+void dropFartherOnes(std::vector<Candidate>& candidates) {
+  const std::size_t least = candidates.empty() ? 0 : candidates.front().changes;
+  std::erase_if(candidates, [least](const Candidate& candidate) {
+    return candidate.changes > least && (least == 0 || (candidate.changes > least + 1 && !candidate.isBegun));
+  });
+}
+
 }  // namespace
 
 std::vector<std::string_view> nearestNames(std::string_view written, std::span<const std::string_view> names) {
   const std::string folded = caseFolded(trimmedBlanks(written)).text;
-  std::vector<std::pair<std::size_t, std::string_view>> candidates;
+  std::vector<Candidate> candidates;
   for (const std::string_view name : names) {
     const std::string foldedName = caseFolded(name).text;
-    const std::size_t changes = distance(folded, foldedName);
-    const bool isBeginning = folded.size() >= SHORTEST_BEGINNING && foldedName.starts_with(folded);
-    if (changes <= mostChanges(folded) || isBeginning) {
-      candidates.emplace_back(changes, name);
+    const Candidate candidate{.name = name,
+                              .changes = distance(folded, foldedName),
+                              .isBegun = folded.size() >= SHORTEST_BEGINNING && foldedName.starts_with(folded)};
+    if (candidate.changes <= mostChanges(folded) || candidate.isBegun) {
+      candidates.push_back(candidate);
     }
   }
   std::stable_sort(candidates.begin(), candidates.end(),
-                   [](const auto& left, const auto& right) { return left.first < right.first; });
-  std::vector<std::string_view> nearest;
-  for (std::size_t i = 0; i < std::min(MOST_NAMES, candidates.size()); ++i) {
-    nearest.push_back(candidates[i].second);
-  }
+                   [](const Candidate& left, const Candidate& right) { return left.changes < right.changes; });
+  dropFartherOnes(candidates);
+  std::vector<std::string_view> nearest(std::min(MOST_NAMES, candidates.size()));
+  std::transform(candidates.begin(), candidates.begin() + static_cast<std::ptrdiff_t>(nearest.size()), nearest.begin(),
+                 [](const Candidate& candidate) { return candidate.name; });
   return nearest;
 }
 

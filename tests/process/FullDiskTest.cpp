@@ -234,10 +234,9 @@ TEST_F(FullDisk, ADocumentsDirectoryThatCannotBeMadeIsRefused) {
   start.environment["QUOBRAK_DOCUMENTS"] = "Documents/new/folder";
   const ProcessEnd end = run();
   EXPECT_EQ(end.exitStatus, 2);
-  EXPECT_EQ(
-      end.err,
-      "configuration error: QUOBRAK_DOCUMENTS is \"Documents/new/folder\", which cannot be used: The file “folder” "
-      "couldn’t be opened because there is no such file.\n");
+  EXPECT_EQ(end.err,
+            "configuration error: QUOBRAK_DOCUMENTS is \"Documents/new/folder\", which cannot be made: No space "
+            "left on device\n");
   EXPECT_TRUE(fs::is_empty(documents()));
 }
 

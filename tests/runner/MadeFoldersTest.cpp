@@ -14,6 +14,7 @@ TEST(MadeFolders, VanishWhenTheyAreNotKept) {
   {
     const MadeFolders made(folder.path() / "a/b");
     EXPECT_TRUE(fs::is_directory(folder.path() / "a/b"));
+    EXPECT_FALSE(made.failure());
   }
   EXPECT_FALSE(fs::exists(folder.path() / "a"));
   EXPECT_TRUE(fs::exists(folder.path()));
@@ -43,7 +44,10 @@ TEST(MadeFolders, LeaveWhatWasThereAndWhatHasBeenFilled) {
 TEST(MadeFolders, AFileInTheWayIsLeftAsItIs) {
   const testing::TemporaryFolder folder;
   folder.write("file", "text");
-  { const MadeFolders made(folder.path() / "file/a"); }
+  {
+    const MadeFolders made(folder.path() / "file/a");
+    EXPECT_EQ(made.failure(), std::errc::not_a_directory);
+  }
   EXPECT_EQ(folder.read("file"), "text");
 }
 

@@ -35,7 +35,18 @@ TEST(NearestNames, FindsWhatBeginsSo) {
 }
 
 TEST(NearestNames, PutsTheNearestFirst) {
-  EXPECT_THAT(nearestNames("waitUntilTextExac", NAMES), ElementsAre("waitUntilTextExact", "waitUntilText"));
+  constexpr std::array<std::string_view, 3> ALIKE{"scrollUpwards", "scrollUpwardly", "scrollUpward"};
+  EXPECT_THAT(nearestNames("scrolUpward", ALIKE), ElementsAre("scrollUpward", "scrollUpwards"));
+}
+
+TEST(NearestNames, LeaveOutWhatIsMuchFartherThanTheNearest) {
+  constexpr std::array<std::string_view, 2> ALIKE{"clickByXY", "clickByTexts"};
+  EXPECT_THAT(nearestNames("clickByTxts", ALIKE), ElementsAre("clickByTexts"));
+}
+
+TEST(NearestNames, KnowANameByItsLettersAlone) {
+  constexpr std::array<std::string_view, 2> ALIKE{"clickByTexts", "clickByText"};
+  EXPECT_THAT(nearestNames("CLICKBYTEXT", ALIKE), ElementsAre("clickByText"));
 }
 
 TEST(NearestNames, FindsNothingThatIsFar) {
