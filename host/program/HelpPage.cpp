@@ -165,8 +165,11 @@ std::string syntaxOf(const DeclaredOption& option) {
 std::string explanationOf(const DeclaredOption& option) {
   constexpr std::size_t MOST_NAMES = 12;
   std::string text = option.help;
-  const std::string names = joined(option.values, "|");
-  if (!option.values.empty() && option.values.size() <= MOST_NAMES && names != option.valueName) {
+  const std::string told = option.valueName + " " + option.help;
+  const bool areNamesTold = std::all_of(option.values.begin(), option.values.end(), [&told](const std::string& name) {
+    return told.find(name) != std::string::npos;
+  });
+  if (!areNamesTold && option.values.size() <= MOST_NAMES) {
     text += (text.empty() ? "One of " : "; one of ") + joined(option.values, ", ");
   }
   if (!option.preset.empty()) {

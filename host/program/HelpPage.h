@@ -24,7 +24,7 @@ std::string usageOf(const DeclaredCommand& command);
 /// "-q, --quiet", "--format text|json", "SCRIPT...".
 std::string syntaxOf(const DeclaredOption& option);
 
-/// Its help, and its preset value or the names that it takes, where the syntax does not tell them.
+/// Its help, with the names that it takes where neither the syntax nor the help tells them, and its preset value.
 std::string explanationOf(const DeclaredOption& option);
 
 /// What the command's ends mean: its own meanings, or what the program says of its ends in general.

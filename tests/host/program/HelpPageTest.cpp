@@ -155,6 +155,18 @@ TEST(HelpPage, TellsTheEndsOfTheProgramWhereASubcommandHasNoneOfItsOwn) {
   EXPECT_EQ(general.back().meaning, "Ended by SIGTERM");
 }
 
+TEST(HelpPage, TellsNamesThatAnOptionTakesOnce) {
+  DeclaredOption option = *optionNamed(samplePaint(), "--theme");
+  option.values = {"dark", "light"};
+  EXPECT_EQ(explanationOf(option), "In which colours; one of dark, light");
+  option.help = "The dark one, or a light one";
+  EXPECT_EQ(explanationOf(option), "The dark one, or a light one");
+  option.help.clear();
+  EXPECT_EQ(explanationOf(option), "One of dark, light");
+  option.values.resize(13, "another");
+  EXPECT_EQ(explanationOf(option), "");
+}
+
 TEST(HelpPage, GroupsOptionsByTheirHeadings) {
   const std::vector<OptionGroup> groups = groupsOf(samplePaint().options);
   ASSERT_EQ(groups.size(), 2U);
