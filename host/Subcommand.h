@@ -34,6 +34,21 @@ struct Example {
   std::string_view purpose;
 };
 
+/// What may stand for an argument or for the value of an option, where the library's own checks (`CLI::IsMember`,
+/// `CLI::ExistingFile`, `CLI::ExistingDirectory`, `CLI::ExistingPath`) do not say it: names that completion offers and
+/// nothing refuses.
+struct OfferedValues {
+  /// The argument ("COMMAND") or the option ("--theme"), as it is declared.
+  std::string_view option;
+  std::vector<std::string> values;
+};
+
+/// When a subcommand ends with a status, where that can be said better than for the whole program.
+struct ExitMeaning {
+  ExitStatus status;
+  std::string_view meaning;
+};
+
 /// What follows the program's name: "check" in "quobrak check". Help, completion and the manual pages are made of it
 /// and of the options that it declares.
 struct Subcommand {
@@ -45,6 +60,9 @@ struct Subcommand {
   std::vector<Example> examples;
   /// Declares its options and arguments, and answers with what to do once they are read.
   std::function<std::function<ExitStatus()>(CLI::App& app)> declare;
+  std::vector<OfferedValues> offeredValues = {};
+  /// How it can end, in the order in which it is told; what the program says of its ends in general, where empty.
+  std::vector<ExitMeaning> exitMeanings = {};
 };
 
 }  // namespace quobrak::host

@@ -7,7 +7,7 @@ namespace quobrak::phoneserver {
 
 namespace {
 
-constexpr const char* VERSION = "quobrakPhone 1.0";
+constexpr const char* VERSION = "quobrakPhone " QUOBRAK_VERSION;
 constexpr int LARGEST_PORT = 65535;
 
 }  // namespace

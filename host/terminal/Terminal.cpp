@@ -87,8 +87,9 @@ Terminal terminalOf(int descriptor, const std::function<std::optional<std::strin
   const bool isTerminal = ::isatty(descriptor) == 1;
   const bool isDumb = variable("TERM").value_or("dumb") == "dumb";
   const bool isColourUnwanted = !variable("NO_COLOR").value_or("").empty();
+  const bool isColourForced = variable("CLICOLOR_FORCE").value_or("0") != "0";
   return {.isInteractive = isTerminal && !isDumb,
-          .hasColour = isTerminal && !isDumb && !isColourUnwanted,
+          .hasColour = (isColourForced || (isTerminal && !isDumb)) && !isColourUnwanted,
           .width = widthOf(descriptor, Terminal().width)};
 }
 

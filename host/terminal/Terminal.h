@@ -24,7 +24,8 @@ struct Terminal {
 };
 
 /// What the open descriptor leads to (1 is standard output, 2 standard error). Colour is off where the environment has
-/// NO_COLOR (not empty) or TERM=dumb, whatever it leads to.
+/// NO_COLOR (not empty), whatever it leads to; otherwise on where it has CLICOLOR_FORCE (not 0), or where a terminal is
+/// that TERM does not call dumb.
 Terminal terminalOf(int descriptor, const std::function<std::optional<std::string>(const std::string&)>& variable);
 
 /// How many columns of a terminal the text takes: wide characters take two, combining ones none. Sequences that choose

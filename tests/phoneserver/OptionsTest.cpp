@@ -40,7 +40,7 @@ TEST(Options, AreRead) {
 
 TEST(Options, HelpAndVersionAreInformation) {
   EXPECT_NE(information({"--help"}).find("--port"), std::string::npos);
-  EXPECT_EQ(information({"--version"}), "quobrakPhone 1.0\n");
+  EXPECT_EQ(information({"--version"}), "quobrakPhone " QUOBRAK_VERSION "\n");
 }
 
 struct Row {

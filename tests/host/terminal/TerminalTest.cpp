@@ -54,6 +54,15 @@ TEST(Terminal, HasNoColourWhereItIsUnwanted) {
   EXPECT_TRUE(terminalWith(pseudo.descriptor(), {{"TERM", "xterm"}, {"NO_COLOR", ""}}).hasColour);
 }
 
+TEST(Terminal, HasColourWhereItIsForced) {
+  const int file = ::open("/dev/null", O_WRONLY | O_CLOEXEC);
+  EXPECT_TRUE(terminalWith(file, {{"CLICOLOR_FORCE", "1"}}).hasColour);
+  EXPECT_FALSE(terminalWith(file, {{"CLICOLOR_FORCE", "1"}}).isInteractive);
+  EXPECT_FALSE(terminalWith(file, {{"CLICOLOR_FORCE", "0"}}).hasColour);
+  EXPECT_FALSE(terminalWith(file, {{"CLICOLOR_FORCE", "1"}, {"NO_COLOR", "1"}}).hasColour);
+  ::close(file);
+}
+
 TEST(Terminal, IsNotInteractiveWhereItIsDumbOrUnknown) {
   const PseudoTerminal pseudo(80);
   EXPECT_FALSE(terminalWith(pseudo.descriptor(), {{"TERM", "dumb"}}).isInteractive);

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string>
+
+#include "host/program/Declarations.h"
+
+namespace quobrak::host {
+
+/// A script for zsh that completes what is typed behind the program's name: subcommands, options, the names that they
+/// take, files and folders.
+std::string zshCompletion(const DeclaredProgram& program);
+
+}  // namespace quobrak::host
