@@ -94,7 +94,8 @@ std::string question(std::string_view written, const std::vector<std::string_vie
 template <class Values>
 std::vector<std::string_view> keysOf(const Values& values) {
   std::vector<std::string_view> keys(values.size());
-  std::transform(values.begin(), values.end(), keys.begin(), [](const auto& entry) { return entry.first; });
+  std::transform(values.begin(), values.end(), keys.begin(),
+                 [](const auto& entry) -> std::string_view { return entry.first; });
   return keys;
 }
 
