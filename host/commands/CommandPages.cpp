@@ -65,7 +65,8 @@ std::string argumentsOf(const manual::DescribedCommand& command, const Terminal&
 std::string failuresOf(std::string_view title, const std::vector<manual::Failure>& failures, const Terminal& terminal) {
   std::string text = failures.empty() ? "" : heading(title, terminal);
   for (const manual::Failure& failure : failures) {
-    text += wrappedText(failure.message, INDENT, terminal) + markdownText("when: " + failure.when, 3 * INDENT, terminal);
+    text +=
+        wrappedText(failure.message, INDENT, terminal) + markdownText("when: " + failure.when, 3 * INDENT, terminal);
   }
   return text;
 }

@@ -1,6 +1,7 @@
 #include "host/phone/PhoneCommand.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <filesystem>
 #include <iostream>
 #include <map>
@@ -8,6 +9,7 @@
 #include <optional>
 #include <set>
 #include <sstream>
+#include <system_error>
 #include <utility>
 
 #include "drivers/simulator/PhoneLoader.h"
@@ -91,10 +93,9 @@ std::string question(std::string_view written, const std::vector<std::string_vie
 
 template <class Values>
 std::vector<std::string_view> keysOf(const Values& values) {
-  std::vector<std::string_view> keys;
-  for (const auto& [key, value] : values) {
-    keys.push_back(key);
-  }
+  std::vector<std::string_view> keys(values.size());
+  std::transform(values.begin(), values.end(), keys.begin(),
+                 [](const auto& entry) -> std::string_view { return entry.first; });
   return keys;
 }
 
@@ -166,8 +167,23 @@ std::string chosenApplication(const PhoneDescription& phone, const Options& opti
 
 // What is done.
 
+/// What is wrong with a description, a fault in a line.
+void tellFaults(const std::string& text, const Options& options) {
+  JSONValue::Array faults;
+  std::istringstream lines(text);
+  for (std::string line; std::getline(lines, line);) {
+    std::cout << (options.isForPrograms() ? "" : shown(line) + "\n");
+    faults.emplace_back(line);
+  }
+  if (options.isForPrograms()) {
+    std::cout << JSONEncoder::encode(JSONValue::Object{{"faults", std::move(faults)}}) << "\n";
+  }
+}
+
+/// None where the description has faults, which are told.
 std::optional<PhoneDescription> loaded(const Options& options) {
-  if (options.folder && !std::filesystem::is_directory(*options.folder)) {
+  std::error_code error;
+  if (options.folder && !std::filesystem::is_directory(*options.folder, error)) {
     throw EnvironmentError("there is no folder " + shown(*options.folder) +
                            "; a phone is a folder with a file phone.json");
   }
@@ -175,15 +191,7 @@ std::optional<PhoneDescription> loaded(const Options& options) {
     return options.folder ? simulator::loadPhone(simulator::FolderPhoneFiles(*options.folder))
                           : simulator::loadPhone(simulator::BuiltinPhoneFiles());
   } catch (const simulator::PhoneDescriptionError& fault) {
-    JSONValue::Array lines;
-    std::istringstream faults(fault.what());
-    for (std::string line; std::getline(faults, line);) {
-      std::cout << (options.isForPrograms() ? "" : shown(line) + "\n");
-      lines.emplace_back(line);
-    }
-    if (options.isForPrograms()) {
-      std::cout << JSONEncoder::encode(JSONValue::Object{{"faults", std::move(lines)}}) << "\n";
-    }
+    tellFaults(fault.what(), options);
     return std::nullopt;
   }
 }

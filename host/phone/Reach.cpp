@@ -39,6 +39,16 @@ std::string whatCovers(const Element& element) {
                           : nameOf(*cover) + " covers it at " + inPoints(point.x) + ", " + inPoints(point.y);
 }
 
+/// What takes a tap on an element that can be hit.
+std::string takerOf(const Element& element) {
+  const Point point = simulator::hitPoint(element).value();
+  const Element* const taker = simulator::elementAt(simulator::rootOf(element), point);
+  if (taker == nullptr) {
+    return "nothing: neither it nor what is in it takes touches there";
+  }
+  return taker == &element ? "it" : nameOf(*taker) + " in it";
+}
+
 bool isBehindSystemAlert(const Element& element, const ShownScreen& screen) {
   const Element* const alert = screen.systemAlert();
   return alert != nullptr && !simulator::isWithin(element, *alert);
@@ -83,8 +93,8 @@ std::string remarkOn(Obstacle obstacle) {
 std::string fateOfTap(const Element& element, const ShownScreen& screen) {
   switch (obstacleTo(element, screen)) {
     case Obstacle::none:
-      return isBehindSystemAlert(element, screen) ? "a tap lands on it, once the system alert has been answered"
-                                                  : "a tap lands on it";
+      return "a tap lands on " + takerOf(element) +
+             (isBehindSystemAlert(element, screen) ? ", once the system alert has been answered" : "");
     case Obstacle::hidden:
       return "not hittable: it is invisible, for no reason that can be seen";
     case Obstacle::withoutExtent:

@@ -106,8 +106,8 @@ std::string matchText(std::size_t rank, const Element& element, const ShownScree
   };
   const std::string place = placeOf(element);
   return std::string(INDENT, ' ') + number + terminal.styled(Style::bold, cut(describe(element, ""))) + "\n" +
-         (place.empty() ? "" : indent + cut("in " + place) + "\n") + indent +
-         "at " + describe(element.frame) + ": " + fateOfTap(element, screen) + "\n" +
+         (place.empty() ? "" : indent + cut("in " + place) + "\n") + indent + "at " + describe(element.frame) + ": " +
+         fateOfTap(element, screen) + "\n" +
          (element.isEnabled ? "" : indent + cut("disabled: commands that tap by text do not find it") + "\n");
 }
 

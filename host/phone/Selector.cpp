@@ -17,7 +17,7 @@ namespace quobrak::host {
 namespace {
 
 /// The attribute that all of an element's texts together are called.
-constexpr std::string_view ANY_TEXT = "";
+constexpr std::string_view ANY_TEXT{};
 
 /// What is known of a kind.
 struct Row {
@@ -134,10 +134,8 @@ std::string quoted(std::string_view text) {
 }  // namespace
 
 std::vector<SelectorKind> selectorKinds() {
-  std::vector<SelectorKind> kinds;
-  for (const Row& row : ROWS) {
-    kinds.push_back(row.kind);
-  }
+  std::vector<SelectorKind> kinds(ROWS.size());
+  std::transform(ROWS.begin(), ROWS.end(), kinds.begin(), [](const Row& row) { return row.kind; });
   return kinds;
 }
 

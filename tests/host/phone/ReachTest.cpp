@@ -38,6 +38,15 @@ TEST(Reach, TellsWhatIsInTheWayOfATap) {
   }
 }
 
+TEST(Reach, ATapMayLandOnWhatIsInTheElementOrOnNothing) {
+  const ShownScreen screen = lookedAtScreen();
+  EXPECT_EQ(fateOfTap(elementNamed(screen, "list"), screen), "a tap lands on it");
+  EXPECT_EQ(fateOfTap(*elementNamed(screen, "list").parent(), screen), "a tap lands on ScrollView 'list' in it");
+  const ShownScreen other(simulator::loadPhone(lookedAtPhone()), TEST_APPLICATION, "other");
+  EXPECT_EQ(fateOfTap(*other.root(), other),
+            "a tap lands on nothing: neither it nor what is in it takes touches there");
+}
+
 TEST(Reach, WhatIsBehindAnotherApplicationIsOutOfReach) {
   quobrak::testing::MemoryPhoneFiles files = lookedAtPhone();
   files["test/app.json"] = R"({"bundleIdentifier": "com.example.test", "name": "Test", "firstScreen": "start",
@@ -56,7 +65,7 @@ TEST(Reach, ASystemAlertIsAnsweredBeforeATap) {
   const ShownScreen screen(simulator::loadPhone(files), TEST_APPLICATION, std::nullopt);
   EXPECT_EQ(fateOfTap(elementNamed(screen, "basket"), screen),
             "a tap lands on it, once the system alert has been answered");
-  EXPECT_EQ(fateOfTap(*screen.systemAlert(), screen), "a tap lands on it");
+  EXPECT_EQ(fateOfTap(*screen.systemAlert(), screen), "a tap lands on Button \"Allow Once\" in it");
 }
 
 }  // namespace

@@ -52,6 +52,10 @@ TEST(Selector, LooksAmongAllElementsOrThoseOfAClass) {
   EXPECT_EQ(typeOf(selector(SelectorKind::className, "StaticText")), ElementType::staticText);
 }
 
+void expectRefusal(const Selector& refused, const std::string& message) {
+  EXPECT_THAT([&refused] { queryOf(refused, "com.example.test"); }, ThrowsMessage<UseError>(message));
+}
+
 TEST(Selector, WhatCannotBeReadIsRefused) {
   for (const auto& [written, message] :
        {std::pair{selector(SelectorKind::textExact, "("),
@@ -70,7 +74,7 @@ TEST(Selector, WhatCannotBeReadIsRefused) {
         std::pair{selector(SelectorKind::className, "Slider"),
                   "scripts have no class \"Slider\"; the classes are Button, Cell, CheckBox, Icon, Image, Other, "
                   "RadioButton, StaticText, Table, TextField, TextView, WebView, Window"}}) {
-    EXPECT_THAT([&written] { queryOf(written, "com.example.test"); }, ThrowsMessage<UseError>(message));
+    expectRefusal(written, message);
   }
 }
 
