@@ -1,6 +1,7 @@
 #include "host/check/PreparedLine.h"
 
 #include <algorithm>
+#include <set>
 #include <utility>
 
 #include "platform/foundation/Unicode.h"
@@ -29,23 +30,32 @@ PreparedLine::PreparedLine(std::string_view written, const Variables& variables,
   }
 }
 
-void PreparedLine::replaceAll(const Variables& variables, const IsSomehowSet& isSomehowSet) {
+void PreparedLine::takeAsWritten() {
   const auto offset = static_cast<std::uint32_t>(trimmed_.data() - written_.data());
   replaced_ = Replaced{.text = std::string(trimmed_), .origins = {}};
   replaced_->origins.reserve(trimmed_.size());
   for (std::uint32_t i = offset; i < offset + trimmed_.size(); ++i) {
-    replaced_->origins.push_back({.begin = i, .end = i + 1, .isUnknown = false, .isOfValue = false});
+    replaced_->origins.push_back({.begin = i, .end = i + 1, .isUnknown = false});
   }
+}
+
+void PreparedLine::replaceAll(const Variables& variables, const IsSomehowSet& isSomehowSet) {
+  std::set<std::string, std::less<>> endless;
+  std::set<std::string, std::less<>> missing;
   std::size_t replacements = 0;
+  takeAsWritten();
   while (const std::optional<VariableReference> reference = firstReference(replaced_->text)) {
-    const std::string* const value = variables.find(reference->name());
-    if (value != nullptr &&
-        (++replacements > MOST_REPLACEMENTS || replaced_->text.size() > trimmed_.size() + MOST_GROWTH)) {
+    const std::string* value = endless.contains(reference->name()) ? nullptr : variables.find(reference->name());
+    const bool isTooMuch = ++replacements > MOST_REPLACEMENTS || replaced_->text.size() > trimmed_.size() + MOST_GROWTH;
+    if (value != nullptr && isTooMuch) {
       note(ReferenceNote::Kind::endless, reference->text);
-      isEndless_ = true;
-      return;
+      endless.emplace(reference->name());
+      replacements = 0;
+      takeAsWritten();
+      continue;
     }
-    if (value == nullptr && !isSomehowSet(reference->name())) {
+    const bool isMissing = variables.find(reference->name()) == nullptr && !isSomehowSet(reference->name());
+    if (isMissing && missing.emplace(reference->name()).second) {
       note(ReferenceNote::Kind::missing, reference->text);
     }
     replace(reference->text, value);
@@ -70,8 +80,7 @@ void PreparedLine::replace(std::string_view reference, const std::string* value)
     next.origins.insert(next.origins.end(), replacement.size(),
                         Origin{.begin = static_cast<std::uint32_t>(written.begin),
                                .end = static_cast<std::uint32_t>(written.end),
-                               .isUnknown = value == nullptr,
-                               .isOfValue = true});
+                               .isUnknown = value == nullptr});
   });
   keepUpTo(replaced_->text.size());
   replaced_ = std::move(next);
@@ -79,10 +88,11 @@ void PreparedLine::replace(std::string_view reference, const std::string* value)
 
 void PreparedLine::note(ReferenceNote::Kind kind, std::string_view reference) {
   const auto at = static_cast<std::size_t>(reference.data() - replaced_->text.data());
+  const Span written = writtenSpan({.begin = at, .end = at + reference.size()});
   notes_.push_back({.kind = kind,
                     .name = std::string(VariableReference{reference}.name()),
-                    .written = writtenSpan({.begin = at, .end = at + reference.size()}),
-                    .isInValue = replaced_->origins[at].isOfValue});
+                    .written = written,
+                    .isOfValue = written_.substr(written.begin, written.end - written.begin) != reference});
 }
 
 void PreparedLine::noteUnreplaced() {
