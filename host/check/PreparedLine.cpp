@@ -13,9 +13,10 @@ namespace quobrak::host {
 
 namespace {
 
-/// More replacements than any line needs that comes to an end, and more bytes than they add to any.
+/// More replacements than any line needs that comes to an end, and more bytes than they add to any: as many as the
+/// longest variable of an environment has.
 constexpr std::size_t MOST_REPLACEMENTS = 1000;
-constexpr std::size_t MOST_GROWTH = 1U << 20U;
+constexpr std::size_t MOST_GROWTH = 1U << 17U;
 
 /// Stands for text that is not known: one character of one UTF-16 unit, so that the search for references goes as far
 /// as with one letter, and none that a reference, a comma or a name could be made of.
