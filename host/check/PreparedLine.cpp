@@ -1,6 +1,7 @@
 #include "host/check/PreparedLine.h"
 
 #include <algorithm>
+#include <map>
 #include <set>
 #include <utility>
 
@@ -13,9 +14,9 @@ namespace quobrak::host {
 
 namespace {
 
-/// More replacements than any line needs that comes to an end, and more bytes than they add to any: as many as the
-/// longest variable of an environment has.
-constexpr std::size_t MOST_REPLACEMENTS = 1000;
+/// More replacements of one variable than any line needs that comes to an end, one after the other, and more bytes than
+/// they add to any: as many as the longest variable of an environment has.
+constexpr std::size_t MOST_REPLACEMENTS = 100;
 constexpr std::size_t MOST_GROWTH = 1U << 17U;
 
 /// Stands for text that is not known: one character of one UTF-16 unit, so that the search for references goes as far
@@ -43,20 +44,21 @@ void PreparedLine::takeAsWritten() {
 void PreparedLine::replaceAll(const Variables& variables, const IsSomehowSet& isSomehowSet) {
   std::set<std::string, std::less<>> endless;
   std::set<std::string, std::less<>> missing;
-  std::size_t replacements = 0;
+  std::map<std::string, std::size_t, std::less<>> replacements;
   takeAsWritten();
   while (const std::optional<VariableReference> reference = firstReference(replaced_->text)) {
-    const std::string* value = endless.contains(reference->name()) ? nullptr : variables.find(reference->name());
-    const bool isTooMuch = ++replacements > MOST_REPLACEMENTS || replaced_->text.size() > trimmed_.size() + MOST_GROWTH;
-    if (value != nullptr && isTooMuch) {
+    const std::string name(reference->name());
+    const std::string* const known = variables.find(name);
+    const std::string* const value = endless.contains(name) ? nullptr : known;
+    const bool hasGrown = replaced_->text.size() > trimmed_.size() + MOST_GROWTH;
+    if (value != nullptr && (++replacements[name] > MOST_REPLACEMENTS || hasGrown)) {
       note(ReferenceNote::Kind::endless, reference->text);
-      endless.emplace(reference->name());
-      replacements = 0;
+      endless.insert(name);
+      replacements.clear();
       takeAsWritten();
       continue;
     }
-    const bool isMissing = variables.find(reference->name()) == nullptr && !isSomehowSet(reference->name());
-    if (isMissing && missing.emplace(reference->name()).second) {
+    if (known == nullptr && !isSomehowSet(name) && missing.insert(name).second) {
       note(ReferenceNote::Kind::missing, reference->text);
     }
     replace(reference->text, value);
