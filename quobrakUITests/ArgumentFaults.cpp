@@ -5,6 +5,7 @@
 
 #include "platform/foundation/NSRegularExpression.h"
 #include "platform/foundation/Numbers.h"
+#include "platform/foundation/PredicateEvaluator.h"
 #include "quobrakUITests/Device.h"
 #include "quobrakUITests/Find.h"
 #include "quobrakUITests/Scroll.h"
@@ -31,6 +32,9 @@ std::optional<ValueFault> bundleIdFault(FunctionParameters fields, std::size_t f
 }
 
 std::optional<ValueFault> patternFault(FunctionParameters fields, std::size_t field) {
+  if (matchesOnlyItself(fields[field])) {
+    return std::nullopt;
+  }
   try {
     const NSRegularExpression compiled(fields[field]);
     return std::nullopt;

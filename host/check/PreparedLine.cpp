@@ -1,6 +1,8 @@
 #include "host/check/PreparedLine.h"
 
 #include <algorithm>
+#include <map>
+#include <set>
 #include <utility>
 
 #include "platform/foundation/Unicode.h"
@@ -12,9 +14,10 @@ namespace quobrak::host {
 
 namespace {
 
-/// More replacements than any line needs that comes to an end, and more bytes than they add to any.
-constexpr std::size_t MOST_REPLACEMENTS = 1000;
-constexpr std::size_t MOST_GROWTH = 1U << 20U;
+/// More replacements of one variable than any line needs that comes to an end, one after the other, and more bytes than
+/// they add to any: as many as the longest variable of an environment has.
+constexpr std::size_t MOST_REPLACEMENTS = 100;
+constexpr std::size_t MOST_GROWTH = 1U << 17U;
 
 /// Stands for text that is not known: one character of one UTF-16 unit, so that the search for references goes as far
 /// as with one letter, and none that a reference, a comma or a name could be made of.
@@ -29,23 +32,33 @@ PreparedLine::PreparedLine(std::string_view written, const Variables& variables,
   }
 }
 
-void PreparedLine::replaceAll(const Variables& variables, const IsSomehowSet& isSomehowSet) {
+void PreparedLine::takeAsWritten() {
   const auto offset = static_cast<std::uint32_t>(trimmed_.data() - written_.data());
   replaced_ = Replaced{.text = std::string(trimmed_), .origins = {}};
   replaced_->origins.reserve(trimmed_.size());
   for (std::uint32_t i = offset; i < offset + trimmed_.size(); ++i) {
-    replaced_->origins.push_back({.begin = i, .end = i + 1, .isUnknown = false, .isOfValue = false});
+    replaced_->origins.push_back({.begin = i, .end = i + 1, .isUnknown = false});
   }
-  std::size_t replacements = 0;
+}
+
+void PreparedLine::replaceAll(const Variables& variables, const IsSomehowSet& isSomehowSet) {
+  std::set<std::string, std::less<>> endless;
+  std::set<std::string, std::less<>> missing;
+  std::map<std::string, std::size_t, std::less<>> replacements;
+  takeAsWritten();
   while (const std::optional<VariableReference> reference = firstReference(replaced_->text)) {
-    const std::string* const value = variables.find(reference->name());
-    if (value != nullptr &&
-        (++replacements > MOST_REPLACEMENTS || replaced_->text.size() > trimmed_.size() + MOST_GROWTH)) {
+    const std::string name(reference->name());
+    const std::string* const known = variables.find(name);
+    const std::string* const value = endless.contains(name) ? nullptr : known;
+    const bool hasGrown = replaced_->text.size() > trimmed_.size() + MOST_GROWTH;
+    if (value != nullptr && (++replacements[name] > MOST_REPLACEMENTS || hasGrown)) {
       note(ReferenceNote::Kind::endless, reference->text);
-      isEndless_ = true;
-      return;
+      endless.insert(name);
+      replacements.clear();
+      takeAsWritten();
+      continue;
     }
-    if (value == nullptr && !isSomehowSet(reference->name())) {
+    if (known == nullptr && !isSomehowSet(name) && missing.insert(name).second) {
       note(ReferenceNote::Kind::missing, reference->text);
     }
     replace(reference->text, value);
@@ -70,8 +83,7 @@ void PreparedLine::replace(std::string_view reference, const std::string* value)
     next.origins.insert(next.origins.end(), replacement.size(),
                         Origin{.begin = static_cast<std::uint32_t>(written.begin),
                                .end = static_cast<std::uint32_t>(written.end),
-                               .isUnknown = value == nullptr,
-                               .isOfValue = true});
+                               .isUnknown = value == nullptr});
   });
   keepUpTo(replaced_->text.size());
   replaced_ = std::move(next);
@@ -79,10 +91,11 @@ void PreparedLine::replace(std::string_view reference, const std::string* value)
 
 void PreparedLine::note(ReferenceNote::Kind kind, std::string_view reference) {
   const auto at = static_cast<std::size_t>(reference.data() - replaced_->text.data());
+  const Span written = writtenSpan({.begin = at, .end = at + reference.size()});
   notes_.push_back({.kind = kind,
                     .name = std::string(VariableReference{reference}.name()),
-                    .written = writtenSpan({.begin = at, .end = at + reference.size()}),
-                    .isInValue = replaced_->origins[at].isOfValue});
+                    .written = written,
+                    .isOfValue = written_.substr(written.begin, written.end - written.begin) != reference});
 }
 
 void PreparedLine::noteUnreplaced() {

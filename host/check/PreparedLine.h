@@ -23,7 +23,7 @@ struct ReferenceNote {
   enum class Kind {
     /// The variable is not set.
     missing,
-    /// The line never comes to an end.
+    /// The variable refers to itself, so that the line never comes to an end. It is taken for one that is not known.
     endless,
     /// The reference stands too far behind to be found.
     unreplaced
@@ -32,8 +32,8 @@ struct ReferenceNote {
   std::string name;
   /// In the line as it is written: the reference, or the one whose value has brought it.
   Span written;
-  /// Whether a value has brought it.
-  bool isInValue;
+  /// Whether a value has brought it, and another reference is written there.
+  bool isOfValue;
 };
 
 /// A line of a script as it runs, without blanks at its ends and with its variables replaced, each byte of which still
@@ -59,16 +59,12 @@ class PreparedLine {
   /// The references that cannot be replaced, as they came.
   const std::vector<ReferenceNote>& notes() const { return notes_; }
 
-  /// Whether the preparation was given up.
-  bool isEndless() const { return isEndless_; }
-
  private:
   /// Where a byte comes from, in the line as it is written.
   struct Origin {
     std::uint32_t begin;
     std::uint32_t end;
     bool isUnknown;
-    bool isOfValue;
   };
   struct Replaced {
     std::string text;
@@ -77,6 +73,8 @@ class PreparedLine {
   };
 
   void replaceAll(const Variables& variables, const IsSomehowSet& isSomehowSet);
+  /// Begins anew, with all references in place.
+  void takeAsWritten();
   /// Replaces the reference wherever it stands by the value, or by something unknown.
   void replace(std::string_view reference, const std::string* value);
   void note(ReferenceNote::Kind kind, std::string_view reference);
@@ -86,7 +84,6 @@ class PreparedLine {
   std::string_view trimmed_;
   std::optional<Replaced> replaced_;
   std::vector<ReferenceNote> notes_;
-  bool isEndless_ = false;
 };
 
 }  // namespace quobrak::host

@@ -53,16 +53,11 @@ class ScriptChecker {
       return;
     }
     const PreparedLine prepared(written, context_.variables, context_.isSomehowSet);
-    if (prepared.isEndless() || !isSkipped(prepared.text())) {
-      hasCommand_ = true;
-    }
     splitAtCommas(prepared.text(), fields_);
     const CheckedLine line(number_, number, prepared, fields_);
     tellOfReferences(line, prepared);
-    if (prepared.isEndless()) {
-      // Whatever the line would have been.
-      needs_.assumeAnything();
-    } else if (!isSkipped(prepared.text())) {
+    if (!isSkipped(prepared.text())) {
+      hasCommand_ = true;
       checkCommand(line);
     }
   }
@@ -84,7 +79,7 @@ class ScriptChecker {
   }
 
   Problem problemOf(const ReferenceNote& note) const {
-    const std::string broughtBy = note.isInValue ? "the value of this reference brings ${" + note.name + "}; " : "";
+    const std::string broughtBy = note.isOfValue ? "the value of this reference brings ${" + note.name + "}; " : "";
     switch (note.kind) {
       case ReferenceNote::Kind::missing:
         return {.rule = Rule::missingVariable,
