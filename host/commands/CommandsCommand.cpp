@@ -103,7 +103,7 @@ std::function<ExitStatus()> declare(CLI::App& app) {
 Subcommand commandsSubcommand() {
   return {
       .name = "commands",
-      .summary = "Explain the commands of scripts",
+      .summary = "Explains the commands of scripts",
       .description =
           "Without a name all commands are listed, in groups: how each is written, and what it does. With names, "
           "each is explained: its arguments and what they are when they are left out, what can go wrong and when, "

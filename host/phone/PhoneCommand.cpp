@@ -306,7 +306,7 @@ std::function<ExitStatus()> declare(CLI::App& app) {
 Subcommand phoneSubcommand() {
   return {
       .name = "phone",
-      .summary = "Look at a simulated phone, and try selectors on its screens",
+      .summary = "Shows a simulated phone, and tries selectors on its screens",
       .description =
           "The description of the phone is checked; what is wrong with it is told with file, line and column. Without "
           "further options the phone is told of: its screen, applications, screens and named values.\n\n"
