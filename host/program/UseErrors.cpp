@@ -188,7 +188,8 @@ std::string refusedValue(std::string_view text, const DeclaredCommand& command) 
     return complaint.about + " cannot be \"" + shown(written) + "\"" +
            suggestion(written, names, "it can be " + listed(names, " or "));
   }
-  return complaint.about + ": " + shown(complaint.reason) + "; " + helpHint(command);
+  // The checks themselves say what would be right: a range, an existing file.
+  return complaint.about + ": " + shown(complaint.reason);
 }
 
 /// "--port: 1 required INT missing", "--port: At Most 1 required but received 2"
