@@ -174,7 +174,9 @@ std::string missing(std::string_view text, const DeclaredCommand& command, const
     return "no subcommand is named; there are " + listed(subcommandNames(program), " and ");
   }
   const std::string name(text.substr(0, text.find(" is required")));
-  return withHelp(command.line + " needs " + name, optionNamed(command, name)) + "; " + helpHint(command);
+  const DeclaredOption* const option = optionNamed(command, name);
+  const std::string what = option == nullptr || option->help.empty() ? "" : ": " + option->help;
+  return command.line + " needs " + name + what + "; " + helpHint(command);
 }
 
 /// "--clock: sun not in {system,virtual}", "SCRIPT: File does not exist: order.txt"
