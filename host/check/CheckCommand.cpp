@@ -94,14 +94,17 @@ Subcommand checkSubcommand() {
               "warning.\n"
               "\n"
               "Scripts know the variables of --var and --env-file, and no other ones: a check says the same on every "
-              "machine.\n"
-              "\n"
-              "Ends with 0 where no error was found, with 1 where one was.",
+              "machine.",
           .examples = {{"quobrak check login.txt", "Checks one script."},
                        {"quobrak check scripts --var PRODUCT=Lamp", "Checks all scripts of a folder, with a variable."},
                        {"quobrak check --format sarif scripts > check.sarif",
                         "Writes what services for code review can show beside the lines."}},
-          .declare = declare};
+          .declare = declare,
+          .offeredValues = {{.option = "--format", .values = {"text", "json", "sarif"}}},
+          .exitMeanings = {{.status = ExitStatus::success, .meaning = "No error was found"},
+                           {.status = ExitStatus::failed, .meaning = "An error was found"},
+                           {.status = ExitStatus::badUse, .meaning = "The command line cannot be used"},
+                           {.status = ExitStatus::environmentFailed, .meaning = "A file or a folder cannot be read"}}};
 }
 
 }  // namespace quobrak::host

@@ -101,6 +101,7 @@ std::function<ExitStatus()> declare(CLI::App& app) {
 }  // namespace
 
 Subcommand commandsSubcommand() {
+  const std::vector<std::string_view> names = allNames();
   return {
       .name = "commands",
       .summary = "Explains the commands of scripts",
@@ -112,7 +113,11 @@ Subcommand commandsSubcommand() {
       .examples = {{.line = "quobrak commands", .purpose = "all commands"},
                    {.line = "quobrak commands clickByText findByText", .purpose = "what these two do"},
                    {.line = "quobrak commands --format json", .purpose = "all that is known of all, for an editor"}},
-      .declare = declare};
+      .declare = declare,
+      .offeredValues = {{.option = "NAME", .values = {names.begin(), names.end()}}},
+      .exitMeanings = {
+          {.status = ExitStatus::success, .meaning = "The commands were explained"},
+          {.status = ExitStatus::badUse, .meaning = "The command line cannot be used; a name is no command's"}}};
 }
 
 }  // namespace quobrak::host

@@ -283,18 +283,23 @@ std::function<ExitStatus()> declare(CLI::App& app) {
   app.add_option("FOLDER", options->folder, "The phone's folder; without one, the phone that comes with the program");
   app.add_option("--application", options->application,
                  "The bundle identifier of the application to show; by default the only one beside the home screen, or "
-                 "else the home screen");
+                 "else the home screen")
+      ->type_name("IDENTIFIER");
   app.add_option("--screen", options->screen,
-                 "The screen to show, as its file has it; by default what the application shows when it has started");
+                 "The screen to show, as its file has it; by default what the application shows when it has started")
+      ->type_name("NAME");
   for (const SelectorKind kind : selectorKinds()) {
     app.add_option(std::string(optionOf(kind)), options->selectors[kind], std::string(purposeOf(kind)))
-        ->group("Selectors");
+        ->group("Selectors")
+        ->type_name("SELECTOR");
   }
   app.add_flag("--disabled", options->isDisabled, "Find disabled elements, as an isEnabled of false does")
       ->group("Selectors");
   app.add_option("--picture", options->picture,
-                 "Draw the screen as PNG into this file, with frames around what is found");
-  app.add_option("--pictures", options->pictures, "Draw all screens into this folder, as APPLICATION/SCREEN.png");
+                 "Draw the screen as PNG into this file, with frames around what is found")
+      ->type_name("FILE");
+  app.add_option("--pictures", options->pictures, "Draw all screens into this folder, as APPLICATION/SCREEN.png")
+      ->type_name("FOLDER");
   app.add_option("--format", options->format, "For people (text) or for programs (json)")
       ->check(CLI::IsMember({"text", "json"}))
       ->capture_default_str();
@@ -306,7 +311,7 @@ std::function<ExitStatus()> declare(CLI::App& app) {
 Subcommand phoneSubcommand() {
   return {
       .name = "phone",
-      .summary = "Shows a simulated phone, and tries selectors on its screens",
+      .summary = "Looks at a simulated phone, and tries selectors on its screens",
       .description =
           "The description of the phone is checked; what is wrong with it is told with file, line and column. Without "
           "further options the phone is told of: its screen, applications, screens and named values.\n\n"
@@ -314,7 +319,7 @@ Subcommand phoneSubcommand() {
           "the "
           "commands of scripts do: the matches are listed in the order in which nthElement counts them, with what a "
           "tap "
-          "on each would do. Where nothing matches, the program ends with status 1.\n\n"
+          "on each would do.\n\n"
           "A picture takes the place of another picture (PNG) of that name, and of no other file.",
       .examples = {{.line = "quobrak phone my-phone", .purpose = "checks the description in my-phone, and tells of it"},
                    {.line = "quobrak phone --application com.example.shop --screen basket",
@@ -322,7 +327,13 @@ Subcommand phoneSubcommand() {
                    {.line = "quobrak phone --application com.example.shop --text basket --picture found.png",
                     .purpose = "what clickByText,basket finds after the start, framed in a picture"},
                    {.line = "quobrak phone my-phone --pictures pictures", .purpose = "draws all screens of my-phone"}},
-      .declare = declare};
+      .declare = declare,
+      .offeredValues = {},
+      .exitMeanings = {
+          {.status = ExitStatus::success, .meaning = "What was asked for was shown or drawn"},
+          {.status = ExitStatus::failed, .meaning = "The selector finds nothing, or the description has faults"},
+          {.status = ExitStatus::badUse, .meaning = "The command line cannot be used"},
+          {.status = ExitStatus::environmentFailed, .meaning = "A folder or a picture cannot be read or written"}}};
 }
 
 }  // namespace quobrak::host

@@ -69,7 +69,27 @@ void prepare(const Scene& scene, const Stage& stage) {
 
 const std::vector<Scene>& scenes() {
   static const std::vector<Scene> SCENES{
-      {.name = "help", .title = "quobrak --help tells what there is", .preparation = {}, .lines = {"quobrak --help"}}};
+      {.name = "check",
+       .title = "quobrak check tells what is wrong with a script, line by line, and what would be right",
+       .preparation = R"(cat >login.txt <<'END'
+applicationStart,com.example.shop
+clickByTxt,Browse products
+measureStart,ShowProduct
+pause,2s
+clickByText,${PRODUCT}
+END
+)",
+       .lines = {"quobrak check login.txt"}},
+      {.name = "run",
+       .title = "quobrak run rehearses a script and shows its measured steps in a table",
+       .preparation = {},
+       .lines = {"quobrak run --clock virtual --iterations 3 --var PRODUCT=Lamp examples/shop/order.txt"},
+       .masks = {{.pattern = "after [0-9.]+ m?s", .replacement = "after 90 ms"},
+                 {.pattern = "[0-9]{4}-[0-9]{2}-[0-9]{2}-[0-9]{6}", .replacement = "2026-03-01-140509"}}},
+      {.name = "phone",
+       .title = "quobrak phone shows what a selector finds on a screen of the simulated phone",
+       .preparation = {},
+       .lines = {"quobrak phone --application com.example.shop --screen product --text basket"}}};
   return SCENES;
 }
 

@@ -174,7 +174,9 @@ std::string missing(std::string_view text, const DeclaredCommand& command, const
     return "no subcommand is named; there are " + listed(subcommandNames(program), " and ");
   }
   const std::string name(text.substr(0, text.find(" is required")));
-  return withHelp(command.line + " needs " + name, optionNamed(command, name)) + "; " + helpHint(command);
+  const DeclaredOption* const option = optionNamed(command, name);
+  const std::string what = option == nullptr || option->help.empty() ? "" : ": " + option->help;
+  return command.line + " needs " + name + what + "; " + helpHint(command);
 }
 
 /// "--clock: sun not in {system,virtual}", "SCRIPT: File does not exist: order.txt"
@@ -188,7 +190,8 @@ std::string refusedValue(std::string_view text, const DeclaredCommand& command) 
     return complaint.about + " cannot be \"" + shown(written) + "\"" +
            suggestion(written, names, "it can be " + listed(names, " or "));
   }
-  return complaint.about + ": " + shown(complaint.reason) + "; " + helpHint(command);
+  // The checks themselves say what would be right: a range, an existing file.
+  return complaint.about + ": " + shown(complaint.reason);
 }
 
 /// "--port: 1 required INT missing", "--port: At Most 1 required but received 2"

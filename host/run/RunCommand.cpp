@@ -29,8 +29,6 @@ constexpr const char* DESCRIPTION =
     "Each iteration is a test process of its own, with a Documents directory of its own in the output folder. What it\n"
     "leaves stays there: measures, statuses, pictures, dumps, a trace of all that happened, and what it printed.\n"
     "\n"
-    "It ends with 0 where all scripts passed, 1 where one failed, 2 where the command line cannot be used, 3 where a\n"
-    "test process was aborted, 4 where something around it failed, 130 after Ctrl-C and 143 after SIGTERM.\n"
     "docs/run.md tells the rest.";
 
 /// The plan but for the folder.

@@ -120,6 +120,21 @@ TEST_F(Install, PutsDocumentsAndExamplesAsTheyStand) {
               ElementsAre("CHANGELOG.md", "CONTRIBUTING.md", "README.md", "docs", "examples"));
 }
 
+TEST_F(Install, LeavesProgramsThatFindOneAnother) {
+  ProcessStart start;
+  start.executable = folder.path() / "bin/quobrak";
+  start.arguments = {"run", "--clock", "virtual", "--command", "pause,60000"};
+  start.workingDirectory = folder.path();
+  const ProcessEnd end = runExecutable(start);
+  EXPECT_EQ(end.exitStatus, 0) << end.out << end.err;
+}
+
+TEST_F(Install, LeavesExamplesThatCanBeRunWhereTheyAre) {
+  const std::string example = (folder.path() / "share/doc/quobrak/examples/shop/order.txt").string();
+  const ProcessEnd end = run("quobrak", {"check", "--var", "PRODUCT=Lamp", example});
+  EXPECT_EQ(end.exitStatus, 0) << end.out << end.err;
+}
+
 TEST_F(Install, LeavesProgramsThatTellOneVersion) {
   EXPECT_EQ(run("quobrak", {"--version"}).out, "quobrak " QUOBRAK_VERSION "\n");
   EXPECT_EQ(run("quobrakPhone", {"--version"}).out, "quobrakPhone " QUOBRAK_VERSION "\n");

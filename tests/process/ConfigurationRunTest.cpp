@@ -284,11 +284,11 @@ TEST_F(ConfigurationRun, RefusesArguments) {
   start.arguments = {"scripts/a.txt"};
   expectRefusal(
       "quobrakUITests takes no arguments: what it runs is told by environment variables, such as class, iteration and "
-      "testFilePath1. README.md explains them.");
+      "testFilePath1. docs/test-process.md explains them.");
   start.arguments = {""};
   expectRefusal(
       "quobrakUITests takes no arguments: what it runs is told by environment variables, such as class, iteration and "
-      "testFilePath1. README.md explains them.");
+      "testFilePath1. docs/test-process.md explains them.");
 }
 
 }  // namespace quobrak::testing

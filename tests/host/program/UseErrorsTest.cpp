@@ -42,10 +42,10 @@ TEST(UseErrors, SayWhatWouldBeRight) {
       {{"paint", "a", "-qx"}, "quobrak paint has no option -x; did you mean -o, -q or -h?"},
       {{"paint", "a", "\x1b[2J"}, "nothing"},
       {{"paint", "a", "--\x1b[2J"}, "quobrak paint has no option --␛[2J; quobrak paint --help tells all that it has"},
-      {{"paint", "-q"}, "quobrak paint needs FILE (What to paint); quobrak paint --help tells more"},
+      {{"paint", "-q"}, "quobrak paint needs FILE: What to paint; quobrak paint --help tells more"},
       {{"paint", "a", "--format", "txt"}, "--format cannot be \"txt\"; did you mean text?"},
       {{"paint", "a", "--format", "paper"}, "--format cannot be \"paper\"; it can be text or json"},
-      {{"paint", "a", "--number", "12"}, "--number: Value 12 not in range 1 to 9; quobrak paint --help tells more"},
+      {{"paint", "a", "--number", "12"}, "--number: Value 12 not in range 1 to 9"},
       {{"paint", "a", "--number"}, "--number needs a value: NUMBER (How many)"},
       {{"paint", "a", "-q", "--loud"}, "--quiet cannot be given together with --loud"},
       {{"show", "pause", "now"},
@@ -55,7 +55,7 @@ TEST(UseErrors, SayWhatWouldBeRight) {
       {{"paint", "--out", "--quite", "--format", "txt", "a"}, "--format cannot be \"txt\"; did you mean text?"},
       {{"paint", "a", "-o", "x", "-oy"}, "--out can be given only once"},
       {{"paint", "-ofolder", "--tag", "b", "c", "-q", "--", "--format"}, "nothing"},
-      {{"paint", "--number=x", "a"}, "--number: Value x not in range 1 to 9; quobrak paint --help tells more"},
+      {{"paint", "--number=x", "a"}, "--number: Value x not in range 1 to 9"},
   };
   for (const Row& row : ROWS) {
     EXPECT_EQ(explanationOf(row.arguments), row.explanation);
