@@ -107,7 +107,7 @@ class ScriptChecker {
   }
 
   std::string hintForMissing(const std::string& name) const {
-    const std::string pass = "pass it with --var " + name + "=…";
+    std::string pass = "pass it with --var " + name + "=…";
     // A shorter name is near to any other.
     constexpr std::size_t SHORTEST_SLIP = 3;
     if (name.size() < SHORTEST_SLIP) {
