@@ -179,7 +179,7 @@ ScriptReport unreadable(const ScriptSource& source, std::size_t number) {
                    .severity = Severity::error,
                    .outcome = Outcome::preventsRun,
                    .stage = Stage::reading,
-                   .message = File::missingFileMessage(source.name),
+                   .message = File::missingFileMessage(repairedUTF8(source.name)),
                    .hint = fault.words}};
   finding.script = number;
   finding.line = fault.line;
