@@ -56,6 +56,8 @@ struct ValueFault {
   /// What the run tells of it, letter for letter; words of its own where the run goes on in silence.
   std::string message;
   Consequence consequence = Consequence::failsScript;
+
+  bool operator==(const ValueFault&) const = default;
 };
 
 /// Whether a command minds a value before it asks for the application that it acts on, or behind that.

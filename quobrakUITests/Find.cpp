@@ -115,10 +115,9 @@ std::optional<std::string> Find::classNameFault(std::string_view name) {
 }
 
 std::vector<std::string_view> Find::classNames() {
-  std::vector<std::string_view> names;
-  for (const ClassName& className : CLASS_NAMES) {
-    names.push_back(className.name);
-  }
+  std::vector<std::string_view> names(CLASS_NAMES.size());
+  std::transform(CLASS_NAMES.begin(), CLASS_NAMES.end(), names.begin(),
+                 [](const ClassName& className) { return className.name; });
   return names;
 }
 

@@ -107,7 +107,7 @@ class ScriptChecker {
   }
 
   std::string hintForMissing(const std::string& name) const {
-    const std::string pass = "pass it with --var " + name + "=…";
+    std::string pass = "pass it with --var " + name + "=…";
     // A shorter name is near to any other.
     constexpr std::size_t SHORTEST_SLIP = 3;
     if (name.size() < SHORTEST_SLIP) {
@@ -179,7 +179,7 @@ ScriptReport unreadable(const ScriptSource& source, std::size_t number) {
                    .severity = Severity::error,
                    .outcome = Outcome::preventsRun,
                    .stage = Stage::reading,
-                   .message = File::missingFileMessage(source.name),
+                   .message = File::missingFileMessage(repairedUTF8(source.name)),
                    .hint = fault.words}};
   finding.script = number;
   finding.line = fault.line;

@@ -113,6 +113,38 @@ TEST(CommandRow, TellsWhichArgumentsStopTheProcessWhereTheyAreAbsent) {
   EXPECT_DEATH(ROW.arguments()[0].check(none), Eq("Fatal error: " + absentFieldMessage(ROW.arguments()[0]) + "\n"));
 }
 
+std::optional<ValueFault> faultOfLongTexts(FunctionParameters fields, std::size_t field) {
+  if (fields[field].size() < 3) {
+    return std::nullopt;
+  }
+  return ValueFault{.message = "It is too long", .consequence = Consequence::stopsProcess};
+}
+
+TEST(CommandRow, TellsWhatArgumentsStandForAndWhatTheirCommandMinds) {
+  using Plain = DirectField<1, "text">;
+  using Short = Meant<DirectField<2, "short">, Meaning::stepName, &faultOfLongTexts, Moment::withApplication>;
+  constexpr CommandRow ROW = command<&operate, Plain, Short, WatchedField<3>>("a", "B.");
+  EXPECT_EQ(ROW.arguments()[0].meaning, Meaning::other);
+  EXPECT_EQ(ROW.arguments()[0].fault, nullptr);
+  EXPECT_EQ(ROW.arguments()[1].label, "short");
+  EXPECT_EQ(ROW.arguments()[1].meaning, Meaning::stepName);
+  EXPECT_EQ(ROW.arguments()[1].faultMoment, Moment::withApplication);
+  const std::vector<std::string_view> fields{"a", "b", "ab", "abc"};
+  EXPECT_EQ(ROW.arguments()[1].fault(fields, 2), std::nullopt);
+  ASSERT_NE(ROW.arguments()[1].fault(fields, 3), std::nullopt);
+  EXPECT_EQ(ROW.arguments()[1].fault(fields, 3)->message, "It is too long");
+}
+
+TEST(CommandRow, TellsWhatTheCommandNeedsAndLeaves) {
+  constexpr CommandRow PLAIN = command<&doNothing>("a", "B.");
+  EXPECT_EQ(PLAIN.effects.application, CommandEffects::Application::unused);
+  EXPECT_EQ(PLAIN.effects.search, CommandEffects::Search::unused);
+  EXPECT_EQ(PLAIN.effects.step, CommandEffects::Step::unused);
+  constexpr CommandRow SEARCH =
+      command<&doNothing>("a", "B.", CommandEffects{.search = CommandEffects::Search::remembered});
+  EXPECT_EQ(SEARCH.effects.search, CommandEffects::Search::remembered);
+}
+
 TEST(CommandRow, DefaultsOfArguments) {
   using Required = CheckedField<&Parameters::getPauseDuration, 1, "timeMillis", Unit::milliseconds>;
   using Timeout = CheckedField<&Parameters::getTimeout, 2, "timeout", Unit::milliseconds, DEFAULT_TIMEOUT_WAIT>;

@@ -10,6 +10,7 @@
 
 #include "platform/uiautomation/UIAutomationError.h"
 #include "quobrakUITests/CommandDispatch.h"
+#include "quobrakUITests/FWKTError.h"
 #include "quobrakUITests/Find.h"
 #include "quobrakUITests/TestContext.h"
 #include "quobrakUITests/quobrakUITests.h"
@@ -560,6 +561,87 @@ TEST(CommandTable, FewerThanOneSwipeToATextIsFatal) {
                Eq("Fatal error: Range requires lowerBound <= upperBound: maxSwipe is 0, but must be at least 1\n"));
   EXPECT_DEATH(run({"swipeUpwardToText", "a", "-1"}),
                Eq("Fatal error: Range requires lowerBound <= upperBound: maxSwipe is -1, but must be at least 1\n"));
+}
+
+/// The fields of a line in which all arguments will do.
+std::vector<std::string_view> goodFieldsFor(const CommandRow& row) {
+  std::vector<std::string_view> fields{row.name};
+  for (const ArgumentInfo& argument : row.arguments()) {
+    const bool isTruth = argument.unit == Unit::truthValue;
+    fields.push_back(isTruth ? "true" : (argument.meaning == Meaning::className ? "Button" : "1"));
+  }
+  return fields;
+}
+
+/// What the command raises where no application has been started; empty where it raises nothing.
+std::string raisedWithoutApplication(const CommandRow& row) {
+  const std::vector<std::string_view> fields = goodFieldsFor(row);
+  try {
+    row.run(fields);
+  } catch (const std::exception& error) {
+    return error.what();
+  }
+  return "";
+}
+
+TEST(CommandTable, TellsWhichCommandsNeedAnApplication) {
+  testing::TestPlatform platform;
+  TestContext::shared().setTestingApp("");
+  std::size_t needy = 0;
+  for (const CommandRow& row : commandTable()) {
+    // What needs more than an application stops the process here, and what starts one would help the others.
+    const bool stops = row.effects.stopWithoutApplication != nullptr || row.effects.step == CommandEffects::Step::ended;
+    if (stops || row.effects.application == CommandEffects::Application::started) {
+      continue;
+    }
+    const bool isNeedy = row.effects.application == CommandEffects::Application::needed;
+    EXPECT_EQ(raisedWithoutApplication(row) == TestContext::NO_APPLICATION, isNeedy) << row.name;
+    needy += isNeedy ? 1U : 0U;
+  }
+  EXPECT_EQ(needy, 36U);
+}
+
+TEST(CommandTable, TellsWhichCommandsStopTheProcessWithoutAnApplication) {
+  testing::TestPlatform platform;
+  TestContext::shared().setTestingApp("");
+  for (const CommandRow& row : commandTable()) {
+    if (row.effects.stopWithoutApplication != nullptr) {
+      const std::vector<std::string_view> fields = goodFieldsFor(row);
+      EXPECT_DEATH(
+          row.run(fields),
+          Eq("Fatal error: " + row.effects.stopWithoutApplication(fields, TestContext::NO_APPLICATION) + "\n"));
+    }
+  }
+}
+
+TEST(CommandTable, TellsWhichCommandsStartAnApplication) {
+  for (const CommandRow& row : commandTable()) {
+    testing::TestPlatform platform;
+    TestContext::shared().setTestingApp("");
+    const bool stops = row.effects.stopWithoutApplication != nullptr || row.effects.step == CommandEffects::Step::ended;
+    if (!stops) {
+      // On this phone the launch may fail; the application has been chosen by then.
+      raisedWithoutApplication(row);
+      const bool starts = row.effects.application == CommandEffects::Application::started;
+      if (starts) {
+        EXPECT_NO_THROW(TestContext::shared().getTestingApp()) << row.name;
+      } else {
+        EXPECT_THROW(TestContext::shared().getTestingApp(), FWKTError) << row.name;
+      }
+    }
+  }
+}
+
+/// Arguments that will do have no fault, whatever the command minds.
+TEST(CommandTable, MindsNoGoodArgument) {
+  for (const CommandRow& row : commandTable()) {
+    const std::vector<std::string_view> fields = goodFieldsFor(row);
+    for (const ArgumentInfo& argument : row.arguments()) {
+      if (argument.fault != nullptr) {
+        EXPECT_EQ(argument.fault(fields, argument.field), std::nullopt) << row.name << " " << argument.label;
+      }
+    }
+  }
 }
 
 }  // namespace

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 namespace quobrak {
 namespace {
 
@@ -27,6 +29,12 @@ TEST(Replacing, Occurrences) {
   for (const auto& [text, target, replacement, expected] : ROWS) {
     EXPECT_EQ(replacingOccurrences(text, target, replacement), expected) << text;
   }
+}
+
+TEST(Replacing, OccurrencesAreVisitedFromLeftToRightWithoutOverlap) {
+  std::vector<std::size_t> places;
+  forEachOccurrence("aaxaaa", "aa", [&places](std::size_t at) { places.push_back(at); });
+  EXPECT_EQ(places, (std::vector<std::size_t>{0, 3}));
 }
 
 TEST(Replacing, WhatAReplacementBringsInOrJoinsIsNotSearchedAgain) {

@@ -49,6 +49,15 @@ TEST(ScriptLines, NulIsACharacterLikeOthers) {
   EXPECT_EQ(linesOf(script), (std::vector<std::string_view>{script.substr(0, 3), "c"}));
 }
 
+TEST(ScriptLines, ThatAreEmptyOrCommentsArePassedOver) {
+  for (const char* line : {"", "#", "# pause,1", "#pause"}) {
+    EXPECT_TRUE(isSkipped(line)) << line;
+  }
+  for (const char* line : {"pause,1", "a#b", ",#", " "}) {
+    EXPECT_FALSE(isSkipped(line)) << line;
+  }
+}
+
 TEST(ScriptLines, AfterTheLastLineThereIsNoneHoweverOftenOneAsks) {
   ScriptLines lines("a");
   EXPECT_EQ(lines.next(), "a");

@@ -83,6 +83,13 @@ TEST(FindingsData, AsSARIFHaveTheirPlaces) {
             "pressHome takes no arguments: what follows is ignored (no argument contains a comma)");
 }
 
+TEST(FindingsData, OfFilesWhoseNamesAreNoTextCanBeWritten) {
+  const std::vector<ScriptSource> scripts{{.name = "\xE9.txt", .bytes = "\xFF"}};
+  const std::vector<Finding> findings = check(scripts, {});
+  EXPECT_THAT(asJSON(findings, scripts), ::testing::HasSubstr("\"file\":\"\xEF\xBF\xBD.txt\""));
+  EXPECT_THAT(asSARIF(findings, scripts), ::testing::HasSubstr(R"("uri":"%E9.txt")"));
+}
+
 TEST(FindingsData, AsSARIFNameFilesByURIs) {
   const std::vector<ScriptSource> scripts{{.name = "/a b/100%.txt", .bytes = ""}};
   EXPECT_THAT(asSARIF(check(scripts, {}), scripts), ::testing::HasSubstr(R"("uri":"file:\/\/\/a%20b\/100%25.txt")"));

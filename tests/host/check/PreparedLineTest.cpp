@@ -116,8 +116,9 @@ TEST(PreparedLine, EndsWhereTheSearchEndsBeforeTheReference) {
 }
 
 TEST(PreparedLine, NotesReferencesThatAreNotReplaced) {
-  const PreparedLine line = prepared("enterText," + std::string(SMILE) + SMILE + "${A}", {{"A", "1"}});
-  EXPECT_EQ(line.text(), "enterText," + std::string(SMILE) + SMILE + "${A}");
+  const std::string written = "enterText," + std::string(SMILE) + SMILE + "${A}";
+  const PreparedLine line = prepared(written, {{"A", "1"}});
+  EXPECT_EQ(line.text(), written);
   EXPECT_THAT(notesInWords(line), ElementsAre("unreplaced A at ${A}"));
 }
 

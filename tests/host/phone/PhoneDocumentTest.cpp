@@ -51,13 +51,14 @@ TEST(PhoneDocument, HasATreeOfElements) {
 
 TEST(PhoneDocument, HasTheMatchesOfASelectorAndTheWayToThem) {
   ShownScreen screen = lookedAtScreen();
-  const Selector selector{.kind = SelectorKind::text, .text = "bel"};
+  const Selector selector{.kind = SelectorKind::text, .text = "b", .isEnabled = true};
   const Elements matches = screen.elements(queryOf(selector, TEST_APPLICATION));
   const JSONValue document = screenDocument(screen, selector, matches);
   const auto& members = std::get<JSONValue::Object>(document.variant());
-  EXPECT_EQ(JSONEncoder::encode(members.at("selector")), R"({"enabled":true,"option":"--text","text":"bel"})");
+  EXPECT_EQ(JSONEncoder::encode(members.at("selector")), R"({"enabled":true,"option":"--text","text":"b"})");
   EXPECT_EQ(JSONEncoder::encode(members.at("matches")), compact(R"([
-    {"rank": 1, "path": [0, 6, 0], "label": "Below",
+    {"rank": 1, "path": [0, 1], "label": "Your basket", "tap": "a tap lands on it"},
+    {"rank": 2, "path": [0, 6, 0], "label": "Below",
      "tap": "not hittable: it lies outside what is seen of ScrollView 'list'"}])"));
   const Selector label{.kind = SelectorKind::label, .text = "none"};
   const JSONValue noMatch = screenDocument(screen, label, {});
