@@ -10,6 +10,7 @@
 #include "host/terminal/Terminal.h"
 #include "platform/foundation/NSRegularExpression.h"
 #include "platform/foundation/PredicateEvaluator.h"
+#include "quobrakUITests/Find.h"
 #include "quobrakUITests/SelectorPredicates.h"
 
 namespace quobrak::host {
@@ -81,22 +82,19 @@ constexpr std::array ROWS{
         {{{"", ""}, {"", ""}}}},
 };
 
-/// The classes that findByClass knows. Each bears the name of its type.
-constexpr std::array<std::string_view, 13> CLASSES{"Button",   "Cell",        "CheckBox",   "Icon",  "Image",
-                                                   "Other",    "RadioButton", "StaticText", "Table", "TextField",
-                                                   "TextView", "WebView",     "Window"};
-
 const Row& rowOf(SelectorKind kind) {
   return *std::find_if(ROWS.begin(), ROWS.end(), [kind](const Row& row) { return row.kind == kind; });
 }
 
+/// Each class of scripts bears the name of its type.
 ElementType classOf(const std::string& name) {
-  if (std::find(CLASSES.begin(), CLASSES.end(), name) != CLASSES.end()) {
+  const std::vector<std::string_view> classes = Find::classNames();
+  if (std::find(classes.begin(), classes.end(), name) != classes.end()) {
     return elementTypeNamed(name).value();
   }
-  const std::string question = didYouMean(nearestNames(name, CLASSES));
+  const std::string question = didYouMean(nearestNames(name, classes));
   std::string all;
-  for (const std::string_view known : CLASSES) {
+  for (const std::string_view known : classes) {
     all += (all.empty() ? "" : ", ") + std::string(known);
   }
   throw UseError("scripts have no class \"" + shown(name) + "\"; " +

@@ -36,6 +36,17 @@ std::string fatalErrorIn(std::string_view output) {
   return joined(behindLineBeginning(output, "Fatal error: "));
 }
 
+/// What a fatal error says, but for the line, which is told apart.
+std::string withoutLine(std::string words, const std::optional<RunLine>& line) {
+  if (line) {
+    const std::string told = " (line " + std::to_string(line->number) + ": " + line->text + ")";
+    if (words.ends_with(told)) {
+      words.erase(words.size() - told.size());
+    }
+  }
+  return words;
+}
+
 std::string nameOfSignal(int signal) {
   const char* const name = ::sigabbrev_np(signal);
   const char* const description = ::sigdescr_np(signal);
@@ -60,11 +71,10 @@ ProcessVerdict at(IterationOutcome outcome, std::string cause, const ProcessPlac
 
 ProcessVerdict verdictOfSignal(int signal, std::string_view output, const ProcessPlace& place) {
   if (const std::string words = fatalErrorIn(output); signal == SIGABRT && !words.empty()) {
-    // The words tell the line.
-    const std::string where = place.script.empty() ? "" : " in " + place.script;
-    return {.outcome = IterationOutcome::aborted,
-            .message = "The test process stopped itself" + where + ": " + words,
-            .cause = "Fatal error: " + words};
+    const std::string cause = withoutLine(words, place.line);
+    // Why it did stands with the script, where one is known.
+    const std::string rest = place.script.empty() ? ": " + cause : textOf(place);
+    return {.outcome = IterationOutcome::aborted, .message = "The test process stopped itself" + rest, .cause = cause};
   }
   return at(IterationOutcome::aborted, "The test process was ended by " + nameOfSignal(signal), place);
 }
@@ -85,11 +95,10 @@ ProcessVerdict verdictOfStatus(int status, std::string_view output, const Proces
                           joined(behindLineBeginning(output, "configuration error: "))),
                 {});
     default:
-      return status > SIGNAL_OF_A_SHELL ? verdictOfSignal(status - SIGNAL_OF_A_SHELL, output, place)
-                                        : at(IterationOutcome::failed,
-                                             "The test process ended with the exit status " + std::to_string(status) +
-                                                 ", which it does not use",
-                                             place);
+      return status > SIGNAL_OF_A_SHELL
+                 ? verdictOfSignal(status - SIGNAL_OF_A_SHELL, output, place)
+                 : at(IterationOutcome::failed,
+                      "The test process ended with the unknown exit status " + std::to_string(status), place);
   }
 }
 

@@ -30,14 +30,17 @@ bool isFolderName(std::string_view name) {
   return !name.empty() && name != "." && name != ".." && name.find('/') == std::string_view::npos;
 }
 
+/// As a person counts them: what follows the last newline is a line where there is something.
 std::size_t lineCountOf(const std::string& bytes) {
   const std::string text = decodedText(bytes).value_or(repairedUTF8(bytes));
   ScriptLines lines(text);
   std::size_t count = 0;
-  while (lines.next()) {
+  bool isLastEmpty = false;
+  while (const auto line = lines.next()) {
     ++count;
+    isLastEmpty = line->empty();
   }
-  return count;
+  return isLastEmpty ? count - 1 : count;
 }
 
 /// Gives each script of a suite a name of its own.

@@ -71,7 +71,7 @@ TEST(JUnitDocument, HasATestCaseForEachScriptAndIteration) {
       <system-out>Results: iteration2</system-out>
     </testcase>
     <testcase classname="設定" name="settings, iteration 3">
-      <skipped message="The test process ended before the script's turn: Fatal error: Index out of range: the field 1 (selector) is missing (line 5: clickByText)" />
+      <skipped message="The test process ended before the script's turn: The test process stopped itself at line 5 of Shop/login: clickByText" />
       <system-out>Results: iteration3</system-out>
     </testcase>
   </testsuite>
@@ -125,8 +125,8 @@ TEST(JUnitDocument, TellsOfAnAbortedScriptWhatIsKnown) {
   RunRecord run = sampleRun();
   ScriptRecord& script = run.iterations.at(3).scripts.at(1);
   script.cause.clear();
-  EXPECT_THAT(junitDocument(run), HasSubstr("<error message=\"line 5: clickByText: Fatal error: Index out of range: "
-                                            "the field 1 (selector) is missing (line 5: clickByText)\""));
+  EXPECT_THAT(junitDocument(run), HasSubstr("<error message=\"line 5: clickByText: The test process stopped itself "
+                                            "at line 5 of Shop/login: clickByText\""));
   script.stackTrace = "Killed.";
   EXPECT_THAT(junitDocument(run), HasSubstr("<error message=\"line 5: clickByText: Killed.\" type=\"aborted\">Killed."
                                             "</error>"));

@@ -241,8 +241,8 @@ TEST_F(LiveProgressTest, PrintsAboveWhyAnIterationDidNotFinish) {
   finishIteration();
   progress->runFinished(run);
   EXPECT_THAT(rowsAfter(1s),
-              ElementsAre("Iteration 3 of 3 aborted after 4.5 s, 1 passed, 1 aborted, 1 not run: Fatal erro",
-                          "r: Index out of range: the field 1 (selector) is missing (line 5: clickByText)"));
+              ElementsAre("Iteration 3 of 3 aborted after 4.5 s, 1 passed, 1 aborted, 1 not run: The test p",
+                          "rocess stopped itself at line 5 of Shop/login: clickByText"));
 }
 
 TEST_F(LiveProgressTest, LeavesACleanScreen) {

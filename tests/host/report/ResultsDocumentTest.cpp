@@ -30,7 +30,7 @@ TEST(ResultsDocument, HoldsTheRunAndItsFigures) {
 {"cause":"","duration":1500,"line":null,"outcome":"passed","script":0,"stackTrace":"","started":1700000000000,"steps":[{"duration":100,"name":"Show","start":1700000000000,"stop":1700000000100},{"duration":7,"name":"Pay","start":1700000000000,"stop":1700000000007}]},
 {"cause":"The expected text Lamb was not found","duration":1500,"line":{"number":3,"text":"clickByText,Lamb"},"outcome":"failed","script":1,"stackTrace":"Error on line clickByText,Lamb (line: 3). Cause: The expected text Lamb was not found","started":1700000000000,"steps":[{"duration":1,"name":"Type","start":1700000000000,"stop":1700000000001}]},
 {"cause":"","duration":1500,"line":null,"outcome":"passed","script":2,"stackTrace":"","started":1700000000000,"steps":[{"duration":40,"name":"Show","start":1700000000000,"stop":1700000000040}]}],"wallTime":4500.25},
-{"folder":"iteration3","isWarmUp":false,"message":"Fatal error: Index out of range: the field 1 (selector) is missing (line 5: clickByText)","number":3,"outcome":"aborted","scripts":[
+{"folder":"iteration3","isWarmUp":false,"message":"The test process stopped itself at line 5 of Shop\/login: clickByText","number":3,"outcome":"aborted","scripts":[
 {"cause":"","duration":1500,"line":null,"outcome":"passed","script":0,"stackTrace":"","started":1700000000000,"steps":[]},
 {"cause":"Index out of range: the field 1 (selector) is missing","duration":null,"line":{"number":5,"text":"clickByText"},"outcome":"aborted","script":1,"stackTrace":"","started":1700000000000,"steps":[]},
 {"cause":"","duration":null,"line":null,"outcome":"notRun","script":2,"stackTrace":"","started":null,"steps":[]}],"wallTime":4500.25}],"kind":"scripts","outcomes":[

@@ -77,7 +77,7 @@ RunRecord sampleRun() {
   warmUp.folder = "warmUp1";
   IterationRecord last = iteration(3, {passed(ORDER, {}), aborted(LOGIN), notRun(SETTINGS)});
   last.outcome = IterationOutcome::aborted;
-  last.message = "Fatal error: Index out of range: the field 1 (selector) is missing (line 5: clickByText)";
+  last.message = "The test process stopped itself at line 5 of Shop/login: clickByText";
   run.iterations = {warmUp,
                     iteration(1, {passed(ORDER, {step("Show", 100), step("Pay", 7)}), failed(LOGIN, {step("Type", 1)}),
                                   passed(SETTINGS, {step("Show", 40)})}),

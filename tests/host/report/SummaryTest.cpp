@@ -18,7 +18,7 @@ How they first failed:
   Shop/login, iteration 1, failed: line 3: clickByText,Lamb: The expected text Lamb was not found
 
 Iterations that did not finish:
-  iteration 3, aborted: Fatal error: Index out of range: the field 1 (selector) is missing (line 5: clickByText)
+  iteration 3, aborted: The test process stopped itself at line 5 of Shop/login: clickByText
 
 Steps, in milliseconds:
 script         step  n  median   mean   sd  min  max  left out

@@ -93,9 +93,9 @@ TEST_F(CollectedResults, OfAnAbortNameTheLine) {
   take(R"({"event":"lineStarted","number":3,"text":"pause,9","time":2})");
   EXPECT_THAT(collect({.exitStatus = {}, .signal = SIGABRT}), IsEmpty());
   EXPECT_EQ(iteration.outcome, IterationOutcome::aborted);
-  EXPECT_EQ(iteration.message, "The test process stopped itself in Shop/order: too long (line 3: pause,9)");
+  EXPECT_EQ(iteration.message, "The test process stopped itself at line 3 of Shop/order: pause,9");
   EXPECT_EQ(iteration.scripts[0].outcome, ScriptOutcome::aborted);
-  EXPECT_EQ(iteration.scripts[0].cause, "Fatal error: too long (line 3: pause,9)");
+  EXPECT_EQ(iteration.scripts[0].cause, "too long");
   EXPECT_EQ(iteration.scripts[0].line, (RunLine{.number = 3, .text = "pause,9"}));
   EXPECT_THAT(iteration.scripts[0].steps, IsEmpty());
   EXPECT_EQ(iteration.scripts[1].outcome, ScriptOutcome::notRun);
@@ -172,8 +172,9 @@ TEST_F(ResultsOfACommand, ThatIsAbortedAreItsWords) {
   folder.write("output.txt", "Fatal error: too long\n");
   collect({.exitStatus = {}, .signal = SIGABRT});
   EXPECT_EQ(iteration.outcome, IterationOutcome::aborted);
-  EXPECT_EQ(iteration.message, "The test process stopped itself in pause,1: too long");
+  EXPECT_EQ(iteration.message, "The test process stopped itself in pause,1");
   EXPECT_EQ(iteration.scripts[0].outcome, ScriptOutcome::aborted);
+  EXPECT_EQ(iteration.scripts[0].cause, "too long");
 }
 
 TEST_F(ResultsOfACommand, ThatWasNotRunAreNone) {

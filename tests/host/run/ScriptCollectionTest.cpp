@@ -49,8 +49,8 @@ TEST_F(CollectedScripts, BelongToTheSuiteOfTheirFolder) {
   const CollectedScript& first = collection.scripts.front();
   EXPECT_EQ(first.bytes, "one\ntwo\n");
   EXPECT_EQ(first.script.source, at("Shop/order.txt"));
-  EXPECT_EQ(first.script.lineCount, 3U);
-  EXPECT_EQ(collection.scripts.back().script.lineCount, 1U);
+  EXPECT_EQ(first.script.lineCount, 2U);
+  EXPECT_EQ(collection.scripts.back().script.lineCount, 0U);
 }
 
 TEST_F(CollectedScripts, BelongToTheSuiteThatIsTold) {
