@@ -93,7 +93,6 @@ void IterationProgress::finishScript(const JSONReader& event) {
   script.outcome = hasPassed ? ScriptOutcome::passed : ScriptOutcome::failed;
   script.duration = time - script.started.value_or(time);
   runningScript_.reset();
-  runningLine_.reset();
   listener_.scriptFinished(script.script, script.outcome, script.cause);
 }
 

@@ -30,7 +30,7 @@ class IterationProgress {
 
   /// Where in `IterationRecord::scripts` the script is that has begun and not ended.
   std::optional<std::size_t> runningScript() const { return runningScript_; }
-  /// The line of it that has begun and not ended.
+  /// The line of it that has begun and not ended; of no meaning where no script runs.
   const std::optional<RunLine>& runningLine() const { return runningLine_; }
 
   const std::vector<TracedStep>& steps() const { return steps_; }

@@ -55,13 +55,8 @@ Statuses readStatuses(const fs::path& documents, std::size_t expected) {
 
 void takeStatuses(const std::vector<TestStatus>& statuses, std::vector<ScriptRecord>& scripts) {
   for (std::size_t i = 0; i < scripts.size(); ++i) {
-    const bool hasPassed = statuses[i].status == "success";
-    scripts[i].outcome = hasPassed ? ScriptOutcome::passed : ScriptOutcome::failed;
+    scripts[i].outcome = statuses[i].status == "success" ? ScriptOutcome::passed : ScriptOutcome::failed;
     scripts[i].stackTrace = statuses[i].stackTrace;
-    if (hasPassed) {
-      scripts[i].cause.clear();
-      scripts[i].line.reset();
-    }
   }
 }
 

@@ -79,7 +79,7 @@ ProcessVerdict verdictOfSignal(int signal, std::string_view output, const Proces
   return at(IterationOutcome::aborted, "The test process was ended by " + nameOfSignal(signal), place);
 }
 
-std::string withWords(std::string text, const std::string& words) {
+std::string withWords(const std::string& text, const std::string& words) {
   return text + (words.empty() ? ", and did not say why" : ": " + words);
 }
 

@@ -163,7 +163,7 @@ TEST_F(RunFaults, ASignalThatWasIgnoredBeforeStaysIgnored) {
                      "--phone",
                      phone.path().string(),
                      "--var",
-                     "REAL=" QUOBRAK_UI_TESTS,
+                     std::string("REAL=") + QUOBRAK_UI_TESTS,
                      "--test-process",
                      testProcess("kill -HUP $PPID\nexec \"$REAL\"\n")};
   start.executable = "/bin/sh";

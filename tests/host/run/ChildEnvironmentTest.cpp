@@ -2,7 +2,8 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <stdlib.h>
+
+#include <cstdlib>
 
 namespace quobrak::host {
 namespace {

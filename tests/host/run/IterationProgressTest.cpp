@@ -63,6 +63,14 @@ TEST_F(AnIterationsProgress, KnowsWhatRuns) {
   EXPECT_EQ(progress.runningScript(), std::nullopt);
 }
 
+TEST_F(AnIterationsProgress, TakesNoLineFromOneScriptToTheNext) {
+  startScript(1);
+  take(R"({"event":"lineStarted","number":2,"text":"pause,5","time":1001})");
+  take(R"({"event":"scriptFinished","status":"success","stackTrace":"","time":1010})");
+  startScript(2);
+  EXPECT_EQ(progress.runningLine(), std::nullopt);
+}
+
 TEST_F(AnIterationsProgress, KeepsTheLineThatFailedAndWhy) {
   startScript(1);
   take(R"({"event":"lineStarted","number":2,"text":"clickByText,A","time":1001})");

@@ -70,6 +70,18 @@ TEST_F(Measures, OfOneNameAreThoseOfTheScriptThatTookThem) {
   EXPECT_THAT(notices, IsEmpty());
 }
 
+TEST_F(Measures, AreKnownByTheirNamesAndStarts) {
+  iteration.outcome = IterationOutcome::failed;
+  assignMeasures({step("A", 10, 20), step("B", 10, 20), step("Step", 30, 50)},
+                 {{.position = 0, .step = step("B", 10, 20)},
+                  {.position = 1, .step = step("A", 10, 20)},
+                  {.position = 0, .step = step("Step", 25, 26)},
+                  {.position = 1, .step = step("Step", 30, 50)}},
+                 iteration, notices);
+  EXPECT_THAT(iteration.scripts[0].steps, ElementsAre(step("B", 10, 20)));
+  EXPECT_THAT(iteration.scripts[1].steps, ElementsAre(step("A", 10, 20), step("Step", 30, 50)));
+}
+
 TEST_F(Measures, TellTheDurationWhereTheTraceSaysAnother) {
   assignMeasures({step("Step", 10, 20)}, {{.position = 0, .step = step("Step", 10, 99)}}, iteration, notices);
   EXPECT_THAT(iteration.scripts[0].steps, ElementsAre(step("Step", 10, 20)));

@@ -63,6 +63,15 @@ TEST_F(AnOutputFolder, IsRefusedWhereItHoldsAnything) {
   EXPECT_EQ(folder.files().size(), 5U);
 }
 
+TEST_F(AnOutputFolder, IsLeftAsItIsWhereItIsRefused) {
+  folder.write("results/out/.lock", "somebody else's");
+  folder.write("results/out/file", "");
+  EXPECT_EQ(errorOf<UseError>(out), "the folder " + out.string() +
+                                        " has file in it already, and nothing is overwritten: choose another folder "
+                                        "with --out, or empty this one");
+  EXPECT_EQ(folder.read("results/out/.lock"), "somebody else's");
+}
+
 TEST_F(AnOutputFolder, IsRefusedWhereAnotherRunUsesIt) {
   const OutputFolder first = OutputFolder::chosen(out);
   EXPECT_EQ(errorOf<UseError>(out), "the folder " + out.string() + " is in use by another run, process " +

@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
+#include <utility>
 
 #include "tests/support/TemporaryFolder.h"
 
@@ -29,15 +31,20 @@ class TheRunCommand : public ::testing::Test {
 
   std::string at(const std::string& path) const { return (folder.path() / path).string(); }
 
-  ExitStatus run(const std::vector<std::string>& more) const {
+  ExitStatus runLoudly(std::vector<std::string> arguments) const {
     const Subcommand subcommand = runSubcommand();
     CLI::App app;
     const std::function<ExitStatus()> action = subcommand.declare(app);
-    std::vector<std::string> arguments{"--test-process", at("program"), "--out", at("out"), "--quiet"};
-    arguments.insert(arguments.end(), more.begin(), more.end());
+    arguments.insert(arguments.end(), {"--test-process", at("program")});
+    // The library takes them from the end.
     std::reverse(arguments.begin(), arguments.end());
     app.parse(arguments);
     return action();
+  }
+
+  ExitStatus run(std::vector<std::string> arguments) const {
+    arguments.insert(arguments.end(), {"--out", at("out"), "--quiet"});
+    return runLoudly(std::move(arguments));
   }
 
   const TemporaryFolder folder;
@@ -83,6 +90,28 @@ TEST_F(TheRunCommand, ChecksWithTheVariablesThatScriptsGet) {
   EXPECT_EQ(run({at("S")}), ExitStatus::failed);
   EXPECT_THAT(::testing::internal::GetCapturedStderr(), HasSubstr("APPLICATION"));
   EXPECT_EQ(run({at("S"), "--var", "APPLICATION=com.example.test"}), ExitStatus::success);
+}
+
+TEST_F(TheRunCommand, ChecksTheScriptsInTheOrderInWhichTheyRun) {
+  folder.write("S/a.txt", "clickByText,Go");
+  folder.write("S/b.txt", "applicationStart,com.example.test");
+  testProcess("exit 2\n");
+  ::testing::internal::CaptureStderr();
+  EXPECT_EQ(run({at("S")}), ExitStatus::failed);
+  // A shuffled run may come to the second one first.
+  EXPECT_EQ(run({at("S"), "--shuffle", "1"}), ExitStatus::environmentFailed);
+  EXPECT_THAT(::testing::internal::GetCapturedStderr(), HasSubstr("a.txt:1:"));
+}
+
+TEST_F(TheRunCommand, ShowsWarningsUnlessItIsToBeQuiet) {
+  folder.write("S/a.txt", "applicationStart,com.example.test,more");
+  testProcess(PASSING);
+  ::testing::internal::CaptureStderr();
+  EXPECT_EQ(runLoudly({"--out", at("loud"), at("S")}), ExitStatus::success);
+  EXPECT_THAT(::testing::internal::GetCapturedStderr(), StartsWith(at("S/a.txt") + ":1:35: warning: "));
+  ::testing::internal::CaptureStderr();
+  EXPECT_EQ(run({at("S")}), ExitStatus::success);
+  EXPECT_EQ(::testing::internal::GetCapturedStderr(), "");
 }
 
 TEST_F(TheRunCommand, RefusesWhatMakesNoSense) {

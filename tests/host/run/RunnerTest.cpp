@@ -282,6 +282,11 @@ TEST_F(ARun, EndsWhenItIsToldToWhileATestProcessRuns) {
   EXPECT_TRUE(run.record.endedEarly);
 }
 
+TEST_F(ARun, ThatIsToldToEndInItsLastIterationEndsEarly) {
+  supervisor.deeds = {interrupted()};
+  EXPECT_TRUE(carryOut().record.endedEarly);
+}
+
 TEST_F(ARun, EndsWhenItIsToldToWhileItRests) {
   plan.iterations = 3;
   supervisor.deeds = {PASSING};
