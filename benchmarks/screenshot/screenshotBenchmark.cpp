@@ -51,7 +51,7 @@ std::size_t bytesOfOurs(const Element& page) {
 
 std::size_t bytesOfCairo(const Element& page) {
   const Element* const layers[] = {&page};
-  const auto surface = quobrak::simulator::painting::paintedScreen(SCREEN, SCALE, layers);
+  const auto surface = quobrak::simulator::painting::paintedScreen(SCREEN, SCALE, layers, {});
   Data png;
   const bool isWritten =
       surface != nullptr && cairo_surface_write_to_png_stream(surface.get(), append, &png) == CAIRO_STATUS_SUCCESS;
