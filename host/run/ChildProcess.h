@@ -32,8 +32,8 @@ struct ChildEnd {
 };
 
 /// A process that this program started, in a process group of its own, so that a key pressed at the terminal reaches
-/// this program alone. When this program ends, whatever the reason, the process is killed; and so is at its end all
-/// that it left running in its group.
+/// this program alone. When this program ends, whatever the reason, the process is killed. When the process ends, so
+/// is all that it left running in its group.
 class ChildProcess {
  public:
   /// Throws `EnvironmentError` where it cannot be started.

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/foundation/JSON.h"
+#include "tests/host/run/DefaultSignals.h"
 #include "tests/process/TestProcessRun.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -30,6 +31,8 @@ class HostRun : public ::testing::Test {
   /// What results.json holds.
   JSONValue results() const;
 
+  /// The program inherits them.
+  const host::DefaultSignals signals;
   const TemporaryFolder folder;
   const TemporaryFolder phone;
   ProcessStart start;

@@ -8,6 +8,7 @@
 #include <csignal>
 
 #include "host/run/FileDescriptor.h"
+#include "tests/host/run/DefaultSignals.h"
 
 namespace quobrak::host {
 namespace {
@@ -15,12 +16,17 @@ namespace {
 using ::testing::ExitedWithCode;
 using ::testing::KilledBySignal;
 
+class TheEndSignals : public ::testing::Test {
+ protected:
+  const DefaultSignals defaults;
+};
+
 bool canBeRead(int number) {
   pollfd descriptor{.fd = number, .events = POLLIN, .revents = 0};
   return ::poll(&descriptor, 1, 0) == 1;
 }
 
-TEST(EndSignals, AreHeldBackAndTakenOneByOne) {
+TEST_F(TheEndSignals, AreHeldBackAndTakenOneByOne) {
   EndSignals signals;
   EXPECT_FALSE(canBeRead(signals.descriptor()));
   EXPECT_EQ(signals.take(), std::nullopt);
@@ -32,20 +38,20 @@ TEST(EndSignals, AreHeldBackAndTakenOneByOne) {
   EXPECT_EQ(signals.take(), std::nullopt);
 }
 
-TEST(EndSignals, AHangUpIsOne) {
+TEST_F(TheEndSignals, AHangUpIsOne) {
   EndSignals signals;
   std::raise(SIGHUP);
   EXPECT_EQ(signals.take(), SIGHUP);
 }
 
-TEST(EndSignals, LeaveAloneWhatWasIgnoredBefore) {
+TEST_F(TheEndSignals, LeaveAloneWhatWasIgnoredBefore) {
   std::signal(SIGHUP, SIG_IGN);
   EndSignals signals;
   std::raise(SIGHUP);
   EXPECT_EQ(signals.take(), std::nullopt);
 }
 
-TEST(EndSignals, DoWhatTheyDidBeforeWhenTheyAreNoLongerHeld) {
+TEST_F(TheEndSignals, DoWhatTheyDidBeforeWhenTheyAreNoLongerHeld) {
   const auto endLate = [] {
     { const EndSignals signals; }
     std::raise(SIGTERM);
@@ -53,7 +59,7 @@ TEST(EndSignals, DoWhatTheyDidBeforeWhenTheyAreNoLongerHeld) {
   EXPECT_EXIT(endLate(), KilledBySignal(SIGTERM), "");
 }
 
-TEST(EndSignals, AReaderThatGoesAwayEndsNothing) {
+TEST_F(TheEndSignals, AReaderThatGoesAwayEndsNothing) {
   const auto writeToNobody = [] {
     const EndSignals signals;
     std::array<int, 2> ends{};

@@ -5,6 +5,7 @@
 #include <csignal>
 
 #include "host/Subcommand.h"
+#include "tests/host/run/DefaultSignals.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace quobrak::host {
@@ -22,6 +23,7 @@ class ASupervisor : public ::testing::Test {
   }
 
   const TemporaryFolder folder;
+  const DefaultSignals defaults;
   EndSignals signals;
 };
 
@@ -63,7 +65,7 @@ TEST_F(ASupervisor, KillsAProcessThatDoesNotEndWhenItIsToldTo) {
 TEST_F(ASupervisor, KillsAProcessAtOnceWhenItIsToldToEndTwice) {
   const ProcessEnd end =
       ProcessSupervisor(signals, 24h)
-          .run(startOf("trap 'kill -TERM $PPID' TERM\nkill -INT $PPID\nwhile :; do sleep 600 & wait; done\n"), NOTHING);
+          .run(startOf("trap 'kill -TERM $PPID' TERM\nkill -INT $PPID\nwhile :; do :; done\n"), NOTHING);
   EXPECT_EQ(end.how.signal, SIGKILL);
   EXPECT_EQ(end.endSignal, SIGINT);
 }
