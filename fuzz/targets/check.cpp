@@ -110,10 +110,8 @@ void requireWords(const std::vector<Finding>& findings, const std::vector<host::
 
 void tryRun(const std::vector<host::ScriptSource>& scripts, const host::CheckOptions& options) {
   const std::vector<Finding> findings = host::check(scripts, options);
-  std::vector<std::vector<std::string>> lines;
-  for (const host::ScriptSource& script : scripts) {
-    lines.push_back(linesOf(script));
-  }
+  std::vector<std::vector<std::string>> lines(scripts.size());
+  std::transform(scripts.begin(), scripts.end(), lines.begin(), linesOf);
   for (const Finding& finding : findings) {
     require(finding.script < scripts.size(), "a finding is in a script");
     require(!finding.message.empty() && isUTF8(finding.message) && isUTF8(finding.hint), "a finding can be read");
