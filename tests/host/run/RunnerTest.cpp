@@ -188,8 +188,8 @@ TEST_F(ARun, IsToldAsItGoesOn) {
               ElementsAre("run of 1 iterations", "notice: mind the gap", "iteration 1 (warm-up)", "time passed",
                           "script 0 at 1", "script 0 passed", "script 1 at 2", "script 1 passed", "end of iteration 1",
                           "rest of 30000", "time passed", "iteration 1", "time passed", "script 0 at 1",
-                          "script 0 did not pass: Fatal error: too long",
-                          "end of iteration 1: The test process stopped itself in S/a: too long", "end"));
+                          "script 0 did not pass: too long",
+                          "end of iteration 1: The test process stopped itself in S/a", "end"));
   EXPECT_THAT(supervisor.rests, ElementsAre(30s));
 }
 
