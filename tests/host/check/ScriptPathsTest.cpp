@@ -84,5 +84,18 @@ TEST_F(ScriptPaths, MustNameSomething) {
   EXPECT_EQ(errorOf<UseError>("a\x1b[31m"), "there is no file or folder a␛[31m");
 }
 
+TEST_F(ScriptPaths, MustBeReadable) {
+  const std::string loop = pathOf("loop.txt");
+  std::filesystem::create_symlink("loop.txt", loop);
+  EXPECT_EQ(errorOf<EnvironmentError>(folder_.path().string()),
+            loop + " cannot be read: Too many levels of symbolic links");
+  EXPECT_EQ(errorOf<EnvironmentError>(loop), "the file " + loop + " cannot be read: Too many levels of symbolic links");
+}
+
+TEST_F(ScriptPaths, DoNotFollowLinksToFoldersRoundAndRound) {
+  std::filesystem::create_directory_symlink(".", pathOf("a/self"));
+  EXPECT_THAT(read({pathOf("a")}), ElementsAre("a/z.txt Z"));
+}
+
 }  // namespace
 }  // namespace quobrak::host
