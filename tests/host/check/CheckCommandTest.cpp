@@ -55,7 +55,7 @@ class CheckCommand : public ::testing::Test {
     arguments.insert(arguments.begin(), "check");
     const std::vector<Subcommand> subcommands{checkSubcommand()};
     const Captured captured;
-    const ExitStatus status = runProgram(subcommands, std::move(arguments));
+    const ExitStatus status = runProgram(subcommands, arguments);
     return {.status = status, .output = captured.output(), .errors = captured.errors()};
   }
 
