@@ -1,6 +1,7 @@
 #include "host/check/ScriptPaths.h"
 
 #include <algorithm>
+#include <cstdio>
 #include <filesystem>
 #include <iostream>
 #include <iterator>
@@ -48,8 +49,13 @@ ScriptSource fromFile(const fs::path& file) {
 }
 
 ScriptSource fromStandardInput() {
-  return {.name = STANDARD_INPUT,
-          .bytes = {std::istreambuf_iterator<char>(std::cin), std::istreambuf_iterator<char>()}};
+  ScriptSource source{.name = STANDARD_INPUT,
+                      .bytes = {std::istreambuf_iterator<char>(std::cin), std::istreambuf_iterator<char>()}};
+  // std::cin reads by it, and tells an error as if the end had come.
+  if (std::ferror(stdin) != 0) {
+    throw EnvironmentError("standard input cannot be read");
+  }
+  return source;
 }
 
 }  // namespace

@@ -1,8 +1,11 @@
 #include "host/check/ScriptPaths.h"
 
+#include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
+#include <cstdio>
 #include <filesystem>
 #include <iostream>
 #include <sstream>
@@ -75,6 +78,18 @@ TEST_F(ScriptPaths, MayBeStandardInput) {
   EXPECT_THAT(read({"-"}), ElementsAre("- pause,1\n"));
   std::cin.rdbuf(before);
   EXPECT_TRUE(isOrderKnown_);
+}
+
+TEST_F(ScriptPaths, MustNotBeAStandardInputThatFails) {
+  // A folder opens, and cannot be read.
+  const int before = ::dup(STDIN_FILENO);
+  const int folder = ::open("/", O_RDONLY);
+  ::dup2(folder, STDIN_FILENO);
+  EXPECT_EQ(errorOf<EnvironmentError>("-"), "standard input cannot be read");
+  ::dup2(before, STDIN_FILENO);
+  ::close(folder);
+  ::close(before);
+  std::clearerr(stdin);
 }
 
 TEST_F(ScriptPaths, MustNameSomething) {
