@@ -10,6 +10,7 @@
 
 #include "host/report/RunWords.h"
 #include "host/terminal/Terminal.h"
+#include "quobrakUITests/Replacing.h"
 
 namespace quobrak::host {
 
@@ -23,9 +24,7 @@ constexpr std::string_view REPLACEMENT = "\xEF\xBF\xBD";
 std::string xmlText(std::string_view bytes) {
   std::string text = shown(bytes);
   for (const std::string_view character : NO_CHARACTERS) {
-    for (std::size_t at = text.find(character); at != std::string::npos; at = text.find(character, at)) {
-      text.replace(at, character.size(), REPLACEMENT);
-    }
+    text = replacingOccurrences(text, character, REPLACEMENT);
   }
   return text;
 }
