@@ -124,7 +124,7 @@ TEST_F(CheckCommand, RefusesWhatItCannotUse) {
   EXPECT_EQ(run({}).status, ExitStatus::badUse);
   const Ending format = run({"--format", "xml", pathOf("bad.txt")});
   EXPECT_EQ(format.status, ExitStatus::badUse);
-  EXPECT_EQ(format.errors, "quobrak: --format: expected text, json or sarif, not xml\n");
+  EXPECT_EQ(format.errors, "quobrak: --format cannot be \"xml\"; it can be text, json or sarif\n");
 }
 
 }  // namespace
