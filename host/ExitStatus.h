@@ -5,7 +5,7 @@ namespace quobrak::host {
 /// How the program ends, so that who started it can tell one cause from another.
 enum class ExitStatus {
   success = 0,
-  /// A script failed, or a check found an error.
+  /// A script failed, a check found an error, or a selector finds nothing.
   failed = 1,
   /// The command line cannot be used.
   badUse = 2,
@@ -15,7 +15,7 @@ enum class ExitStatus {
   environmentFailed = 4,
   /// Ended by Ctrl-C (128 and the number of the signal, as shells count).
   interrupted = 130,
-  /// Ended by SIGTERM.
+  /// Ended by SIGTERM, or because its terminal went away (SIGHUP).
   terminated = 143,
 };
 

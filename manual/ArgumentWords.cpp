@@ -7,19 +7,6 @@
 
 namespace quobrak::manual {
 
-std::string usage(const CommandRow& row) {
-  std::string line(row.name);
-  std::string brackets;
-  for (const ArgumentInfo& argument : row.arguments()) {
-    if (mayBeLeftOut(argument)) {
-      line += "[";
-      brackets += "]";
-    }
-    line += "," + std::string(argument.label);
-  }
-  return line + brackets;
-}
-
 std::string_view writtenAs(Unit unit) {
   switch (unit) {
     case Unit::text:
@@ -36,10 +23,6 @@ std::string_view writtenAs(Unit unit) {
       return "`true` or `false`";
   }
   return "";
-}
-
-bool mayBeLeftOut(const ArgumentInfo& argument) {
-  return !std::holds_alternative<std::monostate>(argument.defaultValue);
 }
 
 std::string whenLeftOut(const ArgumentInfo& argument) {

@@ -8,13 +8,8 @@
 /// What a row of the command table says of its arguments, in words. They are Markdown, without a full stop.
 namespace quobrak::manual {
 
-/// How a line of a script is written: "name,first[,second]".
-std::string usage(const CommandRow& row);
-
 /// How an argument is written: "whole number, milliseconds".
 std::string_view writtenAs(Unit unit);
-
-bool mayBeLeftOut(const ArgumentInfo& argument);
 
 /// What stands in for an argument that is left out, or what comes of leaving it out.
 std::string whenLeftOut(const ArgumentInfo& argument);

@@ -51,7 +51,7 @@ std::string afterEmptyLine(const std::string& piece) {
 std::string section(const DescribedCommand& command) {
   const CommandNote& note = command.note;
   const std::string blank = note.description.empty() ? "" : " ";
-  return "\n### " + note.name + "\n\n" + block(usage(command.row)) + "\n" +
+  return "\n### " + note.name + "\n\n" + block(usageOf(command.row)) + "\n" +
          wrapped(std::string(command.row.summary) + blank + note.description) + afterEmptyLine(argumentTable(command)) +
          afterEmptyLine(failureTable("Error", errorsOf(command.row, note))) +
          afterEmptyLine(failureTable("Stops the process", stopsOf(command.row, note))) + "\nExample:\n\n" +

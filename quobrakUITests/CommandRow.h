@@ -87,6 +87,11 @@ inline std::string absentFieldMessage(const ArgumentInfo& argument) {
          ") is missing";
 }
 
+/// Whether a line of a script may end before the argument.
+inline bool mayBeLeftOut(const ArgumentInfo& argument) {
+  return !std::holds_alternative<std::monostate>(argument.defaultValue);
+}
+
 /// A text that can be a template argument.
 template <std::size_t Size>
 struct FixedText {
@@ -162,6 +167,20 @@ struct CommandRow {
 
   constexpr std::span<const ArgumentInfo> arguments() const { return {argumentInfos.data(), argumentCount}; }
 };
+
+/// How a line of a script is written: "name,first[,second]".
+inline std::string usageOf(const CommandRow& row) {
+  std::string usage(row.name);
+  std::string brackets;
+  for (const ArgumentInfo& argument : row.arguments()) {
+    if (mayBeLeftOut(argument)) {
+      usage += "[";
+      brackets += "]";
+    }
+    usage += "," + std::string(argument.label);
+  }
+  return usage + brackets;
+}
 
 template <auto Operation, class... Arguments>
 void runCommand([[maybe_unused]] FunctionParameters fields) {

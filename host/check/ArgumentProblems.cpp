@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <utility>
-#include <variant>
 
 #include "host/terminal/NearestNames.h"
 #include "platform/foundation/Unicode.h"
@@ -15,10 +14,6 @@ namespace quobrak::host {
 namespace {
 
 constexpr std::array<std::string_view, 2> TRUTH_VALUES{"true", "false"};
-
-bool isRequired(const ArgumentInfo& argument) {
-  return std::holds_alternative<std::monostate>(argument.defaultValue);
-}
 
 /// What reading the argument raises; empty where it raises nothing.
 std::string readingFault(const ArgumentInfo& argument, FunctionParameters fields) {
@@ -39,7 +34,7 @@ bool couldBeReadAs(const ArgumentInfo& argument, FunctionParameters fields, std:
 std::string hintForMalformed(const ArgumentInfo& argument, FunctionParameters fields) {
   const std::string_view field = fields[argument.field];
   if (field.empty()) {
-    return isRequired(argument) ? "" : "to leave it out, end the line before its comma";
+    return mayBeLeftOut(argument) ? "to leave it out, end the line before its comma" : "";
   }
   const std::string_view trimmed = trimmedBlanks(field);
   if (trimmed != field && couldBeReadAs(argument, fields, trimmed)) {
@@ -156,7 +151,7 @@ class ArgumentChecker {
  private:
   void checkAbsent(const ArgumentInfo& argument) {
     // A value that is not known may have commas.
-    if (!isRequired(argument) || line_.hasUnknown()) {
+    if (mayBeLeftOut(argument) || line_.hasUnknown()) {
       return;
     }
     const bool stops = argument.reading == Reading::direct;
@@ -232,19 +227,6 @@ class ArgumentChecker {
 
 void findArgumentProblems(const CheckedLine& line, const CommandRow& row, std::vector<Finding>& findings) {
   ArgumentChecker(line, row, findings).check();
-}
-
-std::string usageOf(const CommandRow& row) {
-  std::string usage(row.name);
-  std::string brackets;
-  for (const ArgumentInfo& argument : row.arguments()) {
-    if (!isRequired(argument)) {
-      usage += "[";
-      brackets += "]";
-    }
-    usage += "," + std::string(argument.label);
-  }
-  return usage + brackets;
 }
 
 }  // namespace quobrak::host

@@ -10,7 +10,4 @@ namespace quobrak::host {
 /// What is wrong with the arguments of a command, whose row is given.
 void findArgumentProblems(const CheckedLine& line, const CommandRow& row, std::vector<Finding>& findings);
 
-/// How the command is written: "longClickByText,selector[,duration]".
-std::string usageOf(const CommandRow& row);
-
 }  // namespace quobrak::host

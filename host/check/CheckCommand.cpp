@@ -3,8 +3,6 @@
 #include <unistd.h>
 
 #include <CLI/CLI.hpp>
-#include <algorithm>
-#include <array>
 #include <iostream>
 #include <memory>
 #include <utility>
@@ -19,14 +17,6 @@
 namespace quobrak::host {
 
 namespace {
-
-constexpr std::array<std::string_view, 3> FORMATS{"text", "json", "sarif"};
-
-/// What is wrong with the name of a format; empty where nothing is.
-std::string formatFault(const std::string& name) {
-  const bool isKnown = std::find(FORMATS.begin(), FORMATS.end(), name) != FORMATS.end();
-  return isKnown ? "" : "expected text, json or sarif, not " + shown(name);
-}
 
 struct Options {
   std::vector<std::string> paths;
@@ -72,9 +62,10 @@ std::function<ExitStatus()> declare(CLI::App& app) {
                  "Scripts, folders of scripts (all files below them that end in .txt), or - for standard input")
       ->required();
   declareVariableOptions(app, options->variables);
-  app.add_option("--format", options->format, "How findings are written: text, json or sarif")
-      ->type_name("FORMAT")
-      ->check(formatFault);
+  app.add_option("--format", options->format,
+                 "How findings are written: for people (text) or for programs (json, sarif)")
+      ->check(CLI::IsMember({"text", "json", "sarif"}))
+      ->capture_default_str();
   app.add_flag("-q,--quiet", options->isQuiet, "Tell of errors alone, without a summary");
   app.add_flag("--warnings-as-errors", options->areWarningsErrors, "Take each warning for an error");
   return [options] { return run(*options); };
@@ -100,7 +91,7 @@ Subcommand checkSubcommand() {
                        {"quobrak check --format sarif scripts > check.sarif",
                         "Writes what services for code review can show beside the lines."}},
           .declare = declare,
-          .offeredValues = {{.option = "--format", .values = {"text", "json", "sarif"}}},
+          .offeredValues = {},
           .exitMeanings = {{.status = ExitStatus::success, .meaning = "No error was found"},
                            {.status = ExitStatus::failed, .meaning = "An error was found"},
                            {.status = ExitStatus::badUse, .meaning = "The command line cannot be used"},

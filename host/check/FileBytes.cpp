@@ -1,8 +1,9 @@
 #include "host/check/FileBytes.h"
 
+#include <array>
 #include <cerrno>
+#include <cstddef>
 #include <fstream>
-#include <iterator>
 #include <system_error>
 
 #include "host/Subcommand.h"
@@ -28,7 +29,14 @@ std::string fileBytes(const std::filesystem::path& file) {
   if (!stream.is_open()) {
     refuse(file, {errno, std::generic_category()});
   }
-  std::string bytes{std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+  // The stream turns what its buffer throws into a state; iterators of the buffer would let it out.
+  constexpr std::size_t BLOCK = 65536;
+  std::array<char, BLOCK> block{};
+  std::string bytes;
+  while (stream) {
+    stream.read(block.data(), block.size());
+    bytes.append(block.data(), static_cast<std::size_t>(stream.gcount()));
+  }
   if (stream.bad()) {
     refuse(file, {errno, std::generic_category()});
   }

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "platform/foundation/JSON.h"
+#include "platform/foundation/TextPlace.h"
 #include "platform/foundation/Unicode.h"
 
 namespace quobrak::host {
@@ -79,11 +80,18 @@ JSONValue ruleObject(const RuleInfo& rule) {
                 {"help", textObject(std::string(rule.summary) + " See " + RULES_PAGE + "#" + std::string(rule.id))}};
 }
 
+/// What stands in the place of the finding.
+std::string_view markedText(const Finding& finding) {
+  const std::string_view line = *finding.text;
+  const std::size_t begin = offsetOfColumn(line, finding.column);
+  return line.substr(begin, offsetOfColumn(line, finding.endColumn) - begin);
+}
+
 JSONValue resultObject(const Finding& finding, const ScriptSource& script) {
   const JSONValue region = Object{{"startLine", number(finding.line)},
                                   {"startColumn", number(finding.column)},
                                   {"endColumn", number(finding.endColumn)},
-                                  {"snippet", textObject(*finding.text)}};
+                                  {"snippet", textObject(markedText(finding))}};
   const JSONValue location = Object{
       {"physicalLocation", Object{{"artifactLocation", Object{{"uri", uriOf(script.name)}}}, {"region", region}}}};
   const std::string hint = finding.hint.empty() ? "" : " (" + finding.hint + ")";

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <string_view>
 
+#include "platform/foundation/TextPlace.h"
+
 namespace quobrak::host {
 
 namespace {
@@ -14,21 +16,6 @@ constexpr std::string_view SHOWN_TAB = "    ";
 constexpr std::size_t MOST_BEFORE = 60;
 constexpr std::size_t MOST_BEHIND = 100;
 constexpr std::string_view ELLIPSIS = "…";
-
-bool beginsCodePoint(char byte) {
-  return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U;
-}
-
-/// The byte at which that code point begins, counted from 0; the end of the text where it has fewer.
-std::size_t byteOf(std::string_view text, std::size_t codePoint) {
-  std::size_t seen = 0;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    if (beginsCodePoint(text[i]) && seen++ == codePoint) {
-      return i;
-    }
-  }
-  return text.size();
-}
 
 std::string shownWithTabs(std::string_view text) {
   std::string result;
@@ -48,12 +35,11 @@ struct Excerpt {
 
 Excerpt excerptOf(const Finding& finding) {
   const std::string_view text = *finding.text;
-  const std::size_t column = finding.column - 1;
-  const std::size_t endColumn = std::min(finding.endColumn - 1, column + MOST_BEHIND);
-  const std::size_t first = byteOf(text, column - std::min(column, MOST_BEFORE));
-  const std::size_t begin = byteOf(text, column);
-  const std::size_t end = byteOf(text, endColumn);
-  const std::size_t last = byteOf(text, column + MOST_BEHIND);
+  const std::size_t column = finding.column;
+  const std::size_t first = offsetOfColumn(text, column - std::min(column - 1, MOST_BEFORE));
+  const std::size_t begin = offsetOfColumn(text, column);
+  const std::size_t end = offsetOfColumn(text, std::min(finding.endColumn, column + MOST_BEHIND));
+  const std::size_t last = offsetOfColumn(text, column + MOST_BEHIND);
   return {.before = std::string(first > 0 ? ELLIPSIS : "") + shownWithTabs(text.substr(first, begin - first)),
           .marked = shownWithTabs(text.substr(begin, end - begin)),
           .behind = shownWithTabs(text.substr(end, std::max(last, end) - end)) +

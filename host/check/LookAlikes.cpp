@@ -45,12 +45,11 @@ bool couldBeName(std::string_view inner) {
          });
 }
 
-/// What begins with "${" at `begin`.
-std::optional<LookAlike> inBraces(std::string_view text, std::size_t begin) {
+/// What begins with "${" at `begin`. `isClosed` tells whether there is a brace behind it that closes, however far.
+std::optional<LookAlike> inBraces(std::string_view text, std::size_t begin, bool isClosed) {
   const std::size_t nameBegin = begin + 2;
-  const std::size_t close = text.find('}', nameBegin);
   const std::string_view word = wordAt(text, nameBegin);
-  if (close == std::string_view::npos) {
+  if (!isClosed) {
     if (word.empty()) {
       return std::nullopt;
     }
@@ -59,14 +58,16 @@ std::optional<LookAlike> inBraces(std::string_view text, std::size_t begin) {
                      .text = std::string(text.substr(begin, end - begin)),
                      .meant = referenceTo(word)};
   }
-  const std::string_view inner = text.substr(nameBegin, close - nameBegin);
+  const std::string_view nearby = text.substr(nameBegin, LONGEST_NAME + 1);
+  const std::string_view inner = nearby.substr(0, nearby.find('}'));
   if (!couldBeName(inner) || word.size() == inner.size()) {
     return std::nullopt;
   }
+  const std::size_t end = nameBegin + inner.size() + 1;
   const std::string_view trimmed = trimmedBlanks(inner);
   const bool isName = wordAt(trimmed, 0).size() == trimmed.size();
-  return LookAlike{.place = {.begin = begin, .end = close + 1},
-                   .text = std::string(text.substr(begin, close + 1 - begin)),
+  return LookAlike{.place = {.begin = begin, .end = end},
+                   .text = std::string(text.substr(begin, end - begin)),
                    .meant = isName ? referenceTo(trimmed) : ""};
 }
 
@@ -85,12 +86,14 @@ std::optional<LookAlike> withoutBraces(std::string_view text, std::size_t begin,
 
 std::vector<LookAlike> lookAlikesIn(std::string_view text, const Variables& variables) {
   std::vector<LookAlike> found;
+  const std::size_t lastClose = text.rfind('}');
   for (std::size_t at = text.find('$'); at != std::string_view::npos; at = text.find('$', at + 1)) {
     if (at > 0 && text[at - 1] == '\\') {
       continue;
     }
     const bool hasBrace = text.substr(at + 1).starts_with('{');
-    if (std::optional<LookAlike> one = hasBrace ? inBraces(text, at) : withoutBraces(text, at, variables)) {
+    const bool isClosed = lastClose != std::string_view::npos && lastClose > at;
+    if (std::optional<LookAlike> one = hasBrace ? inBraces(text, at, isClosed) : withoutBraces(text, at, variables)) {
       found.push_back(*std::move(one));
     }
   }

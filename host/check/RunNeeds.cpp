@@ -45,11 +45,10 @@ void RunNeeds::pass(const CheckedLine& line, const CommandRow& row) {
 void RunNeeds::passApplication(const CheckedLine& line, const CommandRow& row) {
   const CommandEffects& effects = row.effects;
   if (effects.application == CommandEffects::Application::needed && !hasApplication_) {
-    // Words that have the arguments in them need arguments.
-    const bool canTell = effects.stopWithoutApplication == nullptr || (line.fields().size() > 1 && !line.hasUnknown());
     const bool stops = effects.stopWithoutApplication != nullptr;
     std::string message = TestContext::NO_APPLICATION;
-    if (stops && canTell) {
+    // Words that have the arguments in them need arguments.
+    if (stops && line.fields().size() > 1 && !line.hasUnknown()) {
       message = effects.stopWithoutApplication(line.fields(), message);
     }
     report_.needsApplication = line.atField(0, {.rule = Rule::noApplication,

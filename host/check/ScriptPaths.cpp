@@ -1,6 +1,7 @@
 #include "host/check/ScriptPaths.h"
 
 #include <algorithm>
+#include <cstdio>
 #include <filesystem>
 #include <iostream>
 #include <iterator>
@@ -22,8 +23,11 @@ bool isHidden(const fs::path& path) {
 /// The scripts below a folder.
 std::vector<fs::path> scriptsBelow(const fs::path& folder) {
   std::vector<fs::path> found;
+  // What fails while it goes on is named by no error.
+  fs::path at = folder;
   try {
     for (fs::recursive_directory_iterator entry(folder), end; entry != end; ++entry) {
+      at = entry->path();
       if (isHidden(entry->path())) {
         entry.disable_recursion_pending();
       } else if (entry->path().extension() == ".txt" && entry->is_regular_file()) {
@@ -31,8 +35,7 @@ std::vector<fs::path> scriptsBelow(const fs::path& folder) {
       }
     }
   } catch (const fs::filesystem_error& error) {
-    throw EnvironmentError("the folder " + shown(error.path1().string()) +
-                           " cannot be read: " + error.code().message());
+    throw EnvironmentError(shown(at.string()) + " cannot be read: " + error.code().message());
   }
   std::sort(found.begin(), found.end());
   if (found.empty()) {
@@ -46,8 +49,13 @@ ScriptSource fromFile(const fs::path& file) {
 }
 
 ScriptSource fromStandardInput() {
-  return {.name = STANDARD_INPUT,
-          .bytes = {std::istreambuf_iterator<char>(std::cin), std::istreambuf_iterator<char>()}};
+  ScriptSource source{.name = STANDARD_INPUT,
+                      .bytes = {std::istreambuf_iterator<char>(std::cin), std::istreambuf_iterator<char>()}};
+  // std::cin reads by it, and tells an error as if the end had come.
+  if (std::ferror(stdin) != 0) {
+    throw EnvironmentError("standard input cannot be read");
+  }
+  return source;
 }
 
 }  // namespace
@@ -56,17 +64,18 @@ NamedScripts readScripts(const std::vector<std::string>& paths) {
   NamedScripts named;
   for (const std::string& path : paths) {
     std::error_code error;
+    const fs::file_type type = fs::status(path, error).type();
     if (path == STANDARD_INPUT) {
       named.scripts.push_back(fromStandardInput());
-    } else if (fs::is_directory(path, error)) {
+    } else if (type == fs::file_type::directory) {
       named.isOrderKnown = false;
       for (const fs::path& file : scriptsBelow(path)) {
         named.scripts.push_back(fromFile(file));
       }
-    } else if (fs::exists(path, error)) {
-      named.scripts.push_back(fromFile(path));
-    } else {
+    } else if (type == fs::file_type::not_found) {
       throw UseError("there is no file or folder " + shown(path));
+    } else {
+      named.scripts.push_back(fromFile(path));
     }
   }
   return named;

@@ -62,7 +62,7 @@ void readLine(const std::string& line, const std::string& place, Variables& vari
 std::string textOf(const fs::path& file) {
   const std::string name = shown(file.string());
   std::error_code error;
-  if (!fs::exists(file, error)) {
+  if (fs::status(file, error).type() == fs::file_type::not_found) {
     throw UseError("there is no file " + name + " to read variables from");
   }
   std::optional<std::string> text = decodedText(fileBytes(file));

@@ -32,7 +32,7 @@ JSONValue::Object argumentDocument(const ArgumentInfo& argument, const std::stri
   JSONValue::Object document{{"label", argument.label},
                              {"what", what},
                              {"unit", nameOf(argument.unit)},
-                             {"required", !manual::mayBeLeftOut(argument)},
+                             {"required", !mayBeLeftOut(argument)},
                              {"reading", argument.reading == Reading::direct ? "direct" : "checked"}};
   if (const auto* const number = std::get_if<std::int64_t>(&argument.defaultValue)) {
     document.emplace("default", *number);
@@ -58,7 +58,7 @@ JSONValue::Object commandDocument(const manual::DescribedCommand& command, const
   }
   return {{"name", row.name},
           {"group", group},
-          {"usage", manual::usage(row)},
+          {"usage", usageOf(row)},
           {"summary", row.summary},
           {"description", note.description},
           {"arguments", std::move(arguments)},

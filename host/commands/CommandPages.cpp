@@ -38,7 +38,7 @@ std::vector<std::string> usagesOf(const std::vector<manual::DescribedGroup>& gro
   std::vector<std::string> usages;
   for (const manual::DescribedGroup& group : groups) {
     for (const manual::DescribedCommand& command : group.commands) {
-      usages.push_back(manual::usage(command.row));
+      usages.push_back(usageOf(command.row));
     }
   }
   return usages;
@@ -90,8 +90,7 @@ std::string commandList(const std::vector<manual::DescribedGroup>& groups, const
   for (const manual::DescribedGroup& group : groups) {
     text += (text.empty() ? "" : "\n") + terminal.styled(Style::bold, group.title) + "\n";
     for (const manual::DescribedCommand& command : group.commands) {
-      text +=
-          explained(manual::usage(command.row), column, markdownText(command.row.summary, column, terminal), terminal);
+      text += explained(usageOf(command.row), column, markdownText(command.row.summary, column, terminal), terminal);
     }
   }
   return text;
@@ -99,7 +98,7 @@ std::string commandList(const std::vector<manual::DescribedGroup>& groups, const
 
 std::string commandPage(const manual::DescribedCommand& command, const Terminal& terminal) {
   const std::string blank = command.note.description.empty() ? "" : " ";
-  return terminal.styled(Style::bold, manual::usage(command.row)) + "\n\n" +
+  return terminal.styled(Style::bold, usageOf(command.row)) + "\n\n" +
          markdownText(std::string(command.row.summary) + blank + command.note.description, INDENT, terminal) +
          argumentsOf(command, terminal) + failuresOf("Errors", manual::errorsOf(command.row, command.note), terminal) +
          failuresOf("Stops the process", manual::stopsOf(command.row, command.note), terminal) +

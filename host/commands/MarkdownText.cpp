@@ -18,10 +18,12 @@ struct Link {
 };
 
 Link linkAt(std::string_view text) {
+  if (!text.starts_with('[')) {
+    return {};
+  }
   const std::size_t middle = text.find("](");
-  const std::size_t end = text.find(')', middle == std::string_view::npos ? middle : middle + 2);
-  const bool isLink = text.starts_with('[') && end != std::string_view::npos;
-  return isLink ? Link{.text = text.substr(1, middle - 1), .length = end + 1} : Link{};
+  const std::size_t end = text.find(')', middle);
+  return end == std::string_view::npos ? Link{} : Link{.text = text.substr(1, middle - 1), .length = end + 1};
 }
 
 std::string withoutLinks(std::string_view text) {

@@ -24,6 +24,7 @@
 #include "host/terminal/NearestNames.h"
 #include "host/terminal/Terminal.h"
 #include "platform/foundation/ProcessInfo.h"
+#include "platform/foundation/Unicode.h"
 #include "platform/uiautomation/UIAutomationError.h"
 
 namespace quobrak::host {
@@ -173,7 +174,7 @@ void tellFaults(const std::string& text, const Options& options) {
   std::istringstream lines(text);
   for (std::string line; std::getline(lines, line);) {
     std::cout << (options.isForPrograms() ? "" : shown(line) + "\n");
-    faults.emplace_back(line);
+    faults.emplace_back(repairedUTF8(line));
   }
   if (options.isForPrograms()) {
     std::cout << JSONEncoder::encode(JSONValue::Object{{"faults", std::move(faults)}}) << "\n";
@@ -208,7 +209,7 @@ ExitStatus drawScreens(const PhoneDescription& phone, const Options& options) {
   JSONValue::Array names;
   for (const std::filesystem::path& file : writePictures(phone, applications, *options.pictures)) {
     std::cout << (options.isForPrograms() ? "" : shown(file.string()) + "\n");
-    names.emplace_back(file.string());
+    names.emplace_back(repairedUTF8(file.string()));
   }
   if (options.isForPrograms()) {
     std::cout << JSONEncoder::encode(JSONValue::Object{{"pictures", std::move(names)}}) << "\n";

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "host/phone/Reach.h"
+#include "platform/foundation/Unicode.h"
 
 namespace quobrak::host {
 
@@ -73,7 +74,7 @@ JSONValue::Array pathTo(const Element& element) {
 
 JSONValue selectorDocument(const Selector& selector) {
   return JSONValue::Object{{"option", optionOf(selector.kind)},
-                           {"text", selector.text},
+                           {"text", repairedUTF8(selector.text)},
                            {"enabled", asksForState(selector.kind) ? JSONValue(selector.isEnabled) : JSONValue()}};
 }
 

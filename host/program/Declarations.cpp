@@ -6,6 +6,8 @@
 #include <optional>
 #include <utility>
 
+#include "host/program/Paragraphs.h"
+
 namespace quobrak::host {
 
 namespace {
@@ -20,14 +22,6 @@ Words split(std::string_view text, char separator) {
     begin = end + 1;
   }
   return words;
-}
-
-std::string joined(const Words& words, std::string_view separator) {
-  std::string text;
-  for (const std::string& word : words) {
-    text.append(text.empty() ? "" : separator).append(word);
-  }
-  return text;
 }
 
 /// What the library says of an option's value: "TEXT:{system,virtual}", "FOLDER:DIR", "INT:INT in [0 - 9]".

@@ -20,14 +20,6 @@ constexpr std::string_view INDENT = "  ";
 /// A term and what is said of it.
 using Entry = std::pair<std::string, std::string>;
 
-std::string joined(const std::vector<std::string>& words, std::string_view separator) {
-  std::string text;
-  for (const std::string& word : words) {
-    text.append(text.empty() ? "" : separator).append(word);
-  }
-  return text;
-}
-
 /// Writes a page from the top.
 class Page {
  public:

@@ -53,4 +53,12 @@ std::vector<std::string> brokenInto(std::size_t columns, std::string_view text) 
   return lines;
 }
 
+std::string joined(const std::vector<std::string>& words, std::string_view separator) {
+  std::string text;
+  for (const std::string& word : words) {
+    text.append(text.empty() ? "" : separator).append(word);
+  }
+  return text;
+}
+
 }  // namespace quobrak::host

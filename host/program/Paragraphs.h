@@ -20,4 +20,7 @@ std::vector<Paragraph> paragraphsOf(std::string_view text);
 /// blanks and ends of lines count as one blank. One empty line for an empty text.
 std::vector<std::string> brokenInto(std::size_t columns, std::string_view text);
 
+/// The words with the separator between them.
+std::string joined(const std::vector<std::string>& words, std::string_view separator);
+
 }  // namespace quobrak::host

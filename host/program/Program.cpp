@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <iostream>
 #include <string_view>
+#include <system_error>
 
 #include "host/program/CommandLine.h"
 #include "host/program/HelpPage.h"
@@ -34,9 +35,7 @@ ExitStatus showHelp(const CommandLine& commandLine) {
   return ExitStatus::success;
 }
 
-}  // namespace
-
-ExitStatus runProgram(std::span<const Subcommand> subcommands, std::vector<std::string> arguments) {
+ExitStatus obey(std::span<const Subcommand> subcommands, const std::vector<std::string>& arguments) {
   CommandLine commandLine(subcommands);
   if (arguments.empty()) {
     std::cerr << shortHelp(commandLine.program(), terminalAt(STANDARD_ERROR));
@@ -55,7 +54,21 @@ ExitStatus runProgram(std::span<const Subcommand> subcommands, std::vector<std::
     return complain(error.what(), ExitStatus::badUse);
   } catch (const EnvironmentError& error) {
     return complain(error.what(), ExitStatus::environmentFailed);
+  } catch (const std::system_error& error) {
+    // What nobody foresaw of files and folders, such as a working directory that was removed.
+    return complain(shown(error.what()), ExitStatus::environmentFailed);
   }
+}
+
+}  // namespace
+
+ExitStatus runProgram(std::span<const Subcommand> subcommands, const std::vector<std::string>& arguments) {
+  const ExitStatus status = obey(subcommands, arguments);
+  if (std::cout.flush()) {
+    return status;
+  }
+  const ExitStatus failure = complain("standard output cannot be written", ExitStatus::environmentFailed);
+  return status == ExitStatus::success ? failure : status;
 }
 
 }  // namespace quobrak::host

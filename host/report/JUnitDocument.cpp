@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <map>
 #include <pugixml.hpp>
 #include <sstream>
 #include <string_view>
@@ -9,6 +10,7 @@
 
 #include "host/report/RunWords.h"
 #include "host/terminal/Terminal.h"
+#include "quobrakUITests/Replacing.h"
 
 namespace quobrak::host {
 
@@ -22,9 +24,7 @@ constexpr std::string_view REPLACEMENT = "\xEF\xBF\xBD";
 std::string xmlText(std::string_view bytes) {
   std::string text = shown(bytes);
   for (const std::string_view character : NO_CHARACTERS) {
-    for (std::size_t at = text.find(character); at != std::string::npos; at = text.find(character, at)) {
-      text.replace(at, character.size(), REPLACEMENT);
-    }
+    text = replacingOccurrences(text, character, REPLACEMENT);
   }
   return text;
 }
@@ -69,17 +69,6 @@ std::string suiteNameOf(const RunScript& script) {
   return script.suite.empty() ? "quobrak" : script.suite;
 }
 
-/// In the order in which they first appear.
-std::vector<std::string> suiteNamesOf(const RunRecord& run) {
-  std::vector<std::string> names;
-  for (const RunScript& script : run.scripts) {
-    if (std::find(names.begin(), names.end(), suiteNameOf(script)) == names.end()) {
-      names.push_back(suiteNameOf(script));
-    }
-  }
-  return names;
-}
-
 /// Whether the test process did not go through, and no script tells so.
 bool isUnexplained(const IterationRecord& iteration) {
   return iteration.outcome != IterationOutcome::finished &&
@@ -98,10 +87,7 @@ class JUnitWriter {
     set(declaration, "encoding", "UTF-8");
     pugi::xml_node root = document.append_child("testsuites");
     set(root, "name", "quobrak");
-    Totals totals;
-    for (const std::string& suite : suiteNamesOf(run_)) {
-      totals.add(appendSuite(root, suite));
-    }
+    Totals totals = appendSuites(root);
     if (std::any_of(run_.iterations.begin(), run_.iterations.end(), isUnexplained)) {
       totals.add(appendSuiteOfProcess(root));
     }
@@ -112,19 +98,41 @@ class JUnitWriter {
   }
 
  private:
-  Totals appendSuite(pugi::xml_node root, const std::string& suite) const {
-    pugi::xml_node node = root.append_child("testsuite");
-    set(node, "name", xmlText(suite));
+  struct Suite {
+    pugi::xml_node node;
     Totals totals;
+  };
+
+  Totals appendSuites(pugi::xml_node root) const {
+    std::vector<Suite> suites;
+    const std::vector<std::size_t> suiteOfScript = appendEmptySuites(root, suites);
     for (const IterationRecord& iteration : run_.iterations) {
       for (const ScriptRecord& script : iteration.scripts) {
-        if (suiteNameOf(run_.scripts.at(script.script)) == suite) {
-          totals.add(appendCase(node, iteration, script));
-        }
+        Suite& suite = suites.at(suiteOfScript.at(script.script));
+        suite.totals.add(appendCase(suite.node, iteration, script));
       }
     }
-    totals.write(node);
+    Totals totals;
+    for (const Suite& suite : suites) {
+      suite.totals.write(suite.node);
+      totals.add(suite.totals);
+    }
     return totals;
+  }
+
+  /// In the order in which they first appear. Gives for each script the index of its suite.
+  std::vector<std::size_t> appendEmptySuites(pugi::xml_node root, std::vector<Suite>& suites) const {
+    std::map<std::string, std::size_t> indices;
+    std::vector<std::size_t> suiteOfScript;
+    for (const RunScript& script : run_.scripts) {
+      const auto [suite, isNew] = indices.try_emplace(suiteNameOf(script), suites.size());
+      if (isNew) {
+        suites.push_back({.node = root.append_child("testsuite"), .totals = {}});
+        set(suites.back().node, "name", xmlText(suite->first));
+      }
+      suiteOfScript.push_back(suite->second);
+    }
+    return suiteOfScript;
   }
 
   Totals appendCase(pugi::xml_node suite, const IterationRecord& iteration, const ScriptRecord& script) const {

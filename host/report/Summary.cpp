@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <numeric>
 #include <vector>
 
 #include "host/report/FittingTable.h"
@@ -66,18 +67,10 @@ bool isFailure(const ScriptRecord& script) {
   return script.outcome == ScriptOutcome::failed || script.outcome == ScriptOutcome::aborted;
 }
 
-/// How the script first failed or was aborted, in a warm-up too; empty where it never did.
-std::string firstFailure(const RunRecord& run, std::size_t index) {
-  for (const IterationRecord& iteration : run.iterations) {
-    for (const ScriptRecord& script : iteration.scripts) {
-      if (script.script == index && isFailure(script)) {
-        const std::string failure = failureIn(script.line, causeOf(script));
-        return "  " + titleOf(run, index) + ", " + titleOf(iteration) + ", " + std::string(inWords(script.outcome)) +
-               (failure.empty() ? "" : ": " + failure) + "\n";
-      }
-    }
-  }
-  return "";
+std::string failureLine(const RunRecord& run, const IterationRecord& iteration, const ScriptRecord& script) {
+  const std::string failure = failureIn(script.line, causeOf(script));
+  return "  " + titleOf(run, script.script) + ", " + titleOf(iteration) + ", " + std::string(inWords(script.outcome)) +
+         (failure.empty() ? "" : ": " + failure) + "\n";
 }
 
 /// The lines below a heading; nothing where there are none.
@@ -85,12 +78,18 @@ std::string section(const std::string& heading, const std::string& lines) {
   return lines.empty() ? "" : "\n" + heading + ":\n" + lines;
 }
 
+/// How each script first failed or was aborted, in a warm-up too.
 std::string firstFailures(const RunRecord& run) {
-  std::string lines;
-  for (std::size_t i = 0; i < run.scripts.size(); ++i) {
-    lines += firstFailure(run, i);
+  std::vector<std::string> firstOfScript(run.scripts.size());
+  for (const IterationRecord& iteration : run.iterations) {
+    for (const ScriptRecord& script : iteration.scripts) {
+      std::string& first = firstOfScript.at(script.script);
+      if (first.empty() && isFailure(script)) {
+        first = failureLine(run, iteration, script);
+      }
+    }
   }
-  return section("How they first failed", lines);
+  return section("How they first failed", std::accumulate(firstOfScript.begin(), firstOfScript.end(), std::string()));
 }
 
 std::string unfinishedIterations(const RunRecord& run) {

@@ -96,7 +96,7 @@ void declareWhereToRun(CLI::App& app, RunOptions& options) {
                  "The test process; unless told, quobrakUITests beside this program or in PATH")
       ->type_name("FILE");
   app.add_flag("--no-check", options.isUnchecked, "Runs the scripts without checking them first");
-  app.add_flag("--quiet", options.isQuiet, "Prints only what goes wrong");
+  app.add_flag("-q,--quiet", options.isQuiet, "Prints only what goes wrong");
 }
 
 /// What a person has written of an option; nothing where it was not used.

@@ -1,6 +1,7 @@
 #include "host/run/ScriptCollection.h"
 
 #include <algorithm>
+#include <map>
 #include <set>
 #include <utility>
 
@@ -47,15 +48,20 @@ std::size_t lineCountOf(const std::string& bytes) {
 class Names {
  public:
   std::string nameFor(const std::string& suite, const std::string& wanted) {
+    std::size_t& number = nextNumbers_.try_emplace({suite, wanted}, 2).first->second;
     std::string name = wanted;
-    for (std::size_t number = 2; !taken_.emplace(suite, name).second; ++number) {
-      name = wanted + "-" + std::to_string(number);
+    while (!taken_.emplace(suite, name).second) {
+      name = wanted + "-" + std::to_string(number++);
     }
     return name;
   }
 
  private:
-  std::set<std::pair<std::string, std::string>> taken_;
+  using SuiteAndName = std::pair<std::string, std::string>;
+
+  std::set<SuiteAndName> taken_;
+  /// Of a name that is wanted once more, so that thousands of one name need not be tried anew each time.
+  std::map<SuiteAndName, std::size_t> nextNumbers_;
 };
 
 }  // namespace
@@ -79,7 +85,7 @@ ScriptCollection collectScripts(const std::vector<std::string>& paths, const std
     const std::string name = names.nameFor(suiteOfFile, wanted);
     if (name != wanted) {
       collection.notices.push_back("The suite " + suiteOfFile + " has a script " + wanted +
-                                   " already: the results of " + file.string() + " are those of " + name + "");
+                                   " already: the results of " + file.string() + " are those of " + name);
     }
     collection.scripts.push_back(
         {.script = {.suite = suiteOfFile, .name = name, .source = file, .lineCount = lineCountOf(source.bytes)},

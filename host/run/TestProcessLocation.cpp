@@ -26,7 +26,7 @@ bool canBeStarted(const fs::path& file) {
 fs::path named(const fs::path& file, std::string_view by) {
   if (!canBeStarted(file)) {
     throw EnvironmentError(std::string(by) + " is " + shown(file.native()) +
-                           ", but there is no file that could be started: it must be the test process, " + NAME + "");
+                           ", but there is no file that could be started: it must be the test process, " + NAME);
   }
   return fs::absolute(file);
 }

@@ -63,9 +63,12 @@ std::vector<std::string_view> nearestNames(std::string_view written, std::span<c
   std::vector<Candidate> candidates;
   for (const std::string_view name : names) {
     const std::string foldedName = caseFolded(name).text;
-    const Candidate candidate{.name = name,
-                              .changes = distance(folded, foldedName),
-                              .isBegun = folded.size() >= SHORTEST_BEGINNING && foldedName.starts_with(folded)};
+    const bool isBegun = folded.size() >= SHORTEST_BEGINNING && foldedName.starts_with(folded);
+    // A longer text is that many changes away at least, and comparing long ones takes time.
+    if (folded.size() > foldedName.size() + mostChanges(folded)) {
+      continue;
+    }
+    const Candidate candidate{.name = name, .changes = distance(folded, foldedName), .isBegun = isBegun};
     if (candidate.changes <= mostChanges(folded) || candidate.isBegun) {
       candidates.push_back(candidate);
     }

@@ -15,7 +15,9 @@ std::string aligned(const std::string& cell, std::size_t width, Alignment alignm
   return alignment == Alignment::left ? cell + blanks : blanks + cell;
 }
 
-std::vector<std::size_t> widthsOf(const std::vector<Column>& columns, const std::vector<Row>& rows) {
+}  // namespace
+
+std::vector<std::size_t> columnWidths(const std::vector<Column>& columns, const std::vector<Row>& rows) {
   std::vector<std::size_t> widths(columns.size());
   for (std::size_t i = 0; i < columns.size(); ++i) {
     widths[i] = displayWidth(columns[i].title);
@@ -26,13 +28,11 @@ std::vector<std::size_t> widthsOf(const std::vector<Column>& columns, const std:
   return widths;
 }
 
-}  // namespace
-
 std::string table(const std::vector<Column>& columns, const std::vector<Row>& rows, const Terminal& terminal) {
   if (rows.empty()) {
     return "";
   }
-  const std::vector<std::size_t> widths = widthsOf(columns, rows);
+  const std::vector<std::size_t> widths = columnWidths(columns, rows);
   const auto line = [&](const Row& cells, Style style) {
     std::string text;
     for (std::size_t i = 0; i < cells.size(); ++i) {

@@ -19,4 +19,7 @@ struct TextPlace {
 /// The place of the byte at that offset, which may be one past the end, in a text of UTF-8.
 TextPlace placeInText(std::string_view text, std::size_t offset);
 
+/// The offset of the code point in that column of a line of UTF-8; the line's size where it has fewer.
+std::size_t offsetOfColumn(std::string_view line, std::size_t column);
+
 }  // namespace quobrak

@@ -14,28 +14,6 @@ using Duration = CheckedField<&Parameters::getPauseDuration, 1, "timeMillis", Un
 using NthElement = CheckedField<&Parameters::getNthElement, 2, "nthElement", Unit::count, DEFAULT_NTH_ELEMENT>;
 using IsEnabled = CheckedField<&Parameters::getIsEnabled, 3, "isEnabled", Unit::truthValue, DEFAULT_IS_ENABLED>;
 
-template <class... Arguments>
-void doNothing(Arguments...) {}
-
-template <class... Arguments>
-constexpr CommandRow rowWith() {
-  return command<&doNothing<decltype(Arguments::read({}))...>, Arguments...>("name", "Does nothing.");
-}
-
-TEST(ArgumentWords, AUsageHasInBracketsWhatMayBeLeftOut) {
-  EXPECT_EQ(usage(rowWith<>()), "name");
-  EXPECT_EQ(usage(rowWith<Selector>()), "name,selector");
-  EXPECT_EQ(usage(rowWith<Selector, NthElement>()), "name,selector[,nthElement]");
-  EXPECT_EQ(usage(rowWith<Selector, NthElement, IsEnabled>()), "name,selector[,nthElement[,isEnabled]]");
-}
-
-TEST(ArgumentWords, AnArgumentWithADefaultMayBeLeftOut) {
-  EXPECT_FALSE(mayBeLeftOut(Selector::INFO));
-  EXPECT_FALSE(mayBeLeftOut(Duration::INFO));
-  EXPECT_TRUE(mayBeLeftOut(NthElement::INFO));
-  EXPECT_TRUE(mayBeLeftOut(IsEnabled::INFO));
-}
-
 TEST(ArgumentWords, WhatComesOfLeavingAnArgumentOut) {
   EXPECT_EQ(whenLeftOut(Selector::INFO), "stops the process");
   EXPECT_EQ(whenLeftOut(Duration::INFO), "error");

@@ -145,13 +145,38 @@ TEST(CommandRow, TellsWhatTheCommandNeedsAndLeaves) {
   EXPECT_EQ(SEARCH.effects.search, CommandEffects::Search::remembered);
 }
 
+using Selector = DirectField<1, "selector">;
+using Duration = CheckedField<&Parameters::getPauseDuration, 1, "timeMillis", Unit::milliseconds>;
+using NthElement = CheckedField<&Parameters::getNthElement, 2, "nthElement", Unit::count, DEFAULT_NTH_ELEMENT>;
+using IsEnabled = CheckedField<&Parameters::getIsEnabled, 3, "isEnabled", Unit::truthValue, DEFAULT_IS_ENABLED>;
+
 TEST(CommandRow, DefaultsOfArguments) {
-  using Required = CheckedField<&Parameters::getPauseDuration, 1, "timeMillis", Unit::milliseconds>;
   using Timeout = CheckedField<&Parameters::getTimeout, 2, "timeout", Unit::milliseconds, DEFAULT_TIMEOUT_WAIT>;
-  using IsEnabled = CheckedField<&Parameters::getIsEnabled, 3, "isEnabled", Unit::truthValue, DEFAULT_IS_ENABLED>;
-  EXPECT_EQ(Required::INFO.defaultValue, ArgumentDefault());
+  EXPECT_EQ(Duration::INFO.defaultValue, ArgumentDefault());
   EXPECT_EQ(Timeout::INFO.defaultValue, ArgumentDefault(DEFAULT_TIMEOUT_WAIT));
   EXPECT_EQ(IsEnabled::INFO.defaultValue, ArgumentDefault(DEFAULT_IS_ENABLED));
+}
+
+TEST(CommandRow, AnArgumentWithADefaultMayBeLeftOut) {
+  EXPECT_FALSE(mayBeLeftOut(Selector::INFO));
+  EXPECT_FALSE(mayBeLeftOut(Duration::INFO));
+  EXPECT_TRUE(mayBeLeftOut(NthElement::INFO));
+  EXPECT_TRUE(mayBeLeftOut(IsEnabled::INFO));
+}
+
+template <class... Arguments>
+void ignore(Arguments...) {}
+
+template <class... Arguments>
+constexpr CommandRow rowWith() {
+  return command<&ignore<decltype(Arguments::read({}))...>, Arguments...>("name", "Does nothing.");
+}
+
+TEST(CommandRow, AUsageHasInBracketsWhatMayBeLeftOut) {
+  EXPECT_EQ(usageOf(rowWith<>()), "name");
+  EXPECT_EQ(usageOf(rowWith<Selector>()), "name,selector");
+  EXPECT_EQ(usageOf(rowWith<Selector, NthElement>()), "name,selector[,nthElement]");
+  EXPECT_EQ(usageOf(rowWith<Selector, NthElement, IsEnabled>()), "name,selector[,nthElement[,isEnabled]]");
 }
 
 constexpr CommandRow row(std::string_view name, std::string_view summary = "Does nothing.") {

@@ -3,7 +3,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "quobrakUITests/CommandTable.h"
 #include "tests/host/check/Findings.h"
 
 namespace quobrak::host {
@@ -206,21 +205,6 @@ TEST(ArgumentProblems, OfValuesStandAtTheirReferences) {
                                 "integer",
                                 "1:20-27 warning surplus-field: pause takes 1 argument: what follows is ignored (no "
                                 "argument contains a comma)"}));
-}
-
-TEST(Usage, HasOptionalArgumentsInBrackets) {
-  const auto usage = [](std::string_view name) {
-    for (const CommandRow& row : commandTable()) {
-      if (row.name == name) {
-        return usageOf(row);
-      }
-    }
-    return std::string();
-  };
-  EXPECT_EQ(usage("pressHome"), "pressHome");
-  EXPECT_EQ(usage("pause"), "pause,timeMillis");
-  EXPECT_EQ(usage("swipeDownward"), "swipeDownward[,percX[,percStartY]]");
-  EXPECT_EQ(usage("findByClass"), "findByClass,selector[,nthElement[,isEnabled]]");
 }
 
 }  // namespace

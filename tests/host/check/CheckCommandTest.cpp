@@ -55,7 +55,7 @@ class CheckCommand : public ::testing::Test {
     arguments.insert(arguments.begin(), "check");
     const std::vector<Subcommand> subcommands{checkSubcommand()};
     const Captured captured;
-    const ExitStatus status = runProgram(subcommands, std::move(arguments));
+    const ExitStatus status = runProgram(subcommands, arguments);
     return {.status = status, .output = captured.output(), .errors = captured.errors()};
   }
 
@@ -124,7 +124,7 @@ TEST_F(CheckCommand, RefusesWhatItCannotUse) {
   EXPECT_EQ(run({}).status, ExitStatus::badUse);
   const Ending format = run({"--format", "xml", pathOf("bad.txt")});
   EXPECT_EQ(format.status, ExitStatus::badUse);
-  EXPECT_EQ(format.errors, "quobrak: --format: expected text, json or sarif, not xml\n");
+  EXPECT_EQ(format.errors, "quobrak: --format cannot be \"xml\"; it can be text, json or sarif\n");
 }
 
 }  // namespace

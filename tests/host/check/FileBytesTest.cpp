@@ -19,9 +19,12 @@ std::string errorFor(const std::filesystem::path& file) {
 
 TEST(FileBytes, AreAllOfTheFile) {
   const quobrak::testing::TemporaryFolder folder;
-  const std::string content("a\0\r\n\xFF", 5);
-  folder.write("file", content);
-  EXPECT_EQ(fileBytes(folder.path() / "file"), content);
+  // More than is read at once.
+  for (const std::string& content :
+       {std::string("a\0\r\n\xFF", 5), std::string(), std::string(65536, 'b'), std::string(200'000, 'c')}) {
+    folder.write("file", content);
+    EXPECT_EQ(fileBytes(folder.path() / "file"), content);
+  }
 }
 
 TEST(FileBytes, OfWhatCannotBeReadRaise) {
@@ -29,6 +32,8 @@ TEST(FileBytes, OfWhatCannotBeReadRaise) {
   const std::string name = folder.path().string();
   EXPECT_EQ(errorFor(folder.path() / "none"), "the file " + name + "/none cannot be read: No such file or directory");
   EXPECT_EQ(errorFor(folder.path()), "the file " + name + " cannot be read: Is a directory");
+  // It opens, and has nothing at its beginning.
+  EXPECT_EQ(errorFor("/proc/self/mem"), "the file /proc/self/mem cannot be read: Input/output error");
 }
 
 }  // namespace

@@ -41,5 +41,11 @@ TEST(LookAlikes, AreNotWhatMayBeMeantSo) {
   }
 }
 
+TEST(LookAlikes, AreNoLongerThanANameCouldBe) {
+  const std::string longest = "${a-" + std::string(62, 'b') + "}";
+  EXPECT_THAT(foundIn(longest + ",1}"), ElementsAreArray({longest}));
+  EXPECT_THAT(foundIn("${a-" + std::string(63, 'b') + "}"), ::testing::IsEmpty());
+}
+
 }  // namespace
 }  // namespace quobrak::host

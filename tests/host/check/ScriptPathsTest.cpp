@@ -1,8 +1,11 @@
 #include "host/check/ScriptPaths.h"
 
+#include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
+#include <cstdio>
 #include <filesystem>
 #include <iostream>
 #include <sstream>
@@ -77,11 +80,36 @@ TEST_F(ScriptPaths, MayBeStandardInput) {
   EXPECT_TRUE(isOrderKnown_);
 }
 
+TEST_F(ScriptPaths, MustNotBeAStandardInputThatFails) {
+  // A folder opens, and cannot be read.
+  const int before = ::dup(STDIN_FILENO);
+  const int folder = ::open("/", O_RDONLY);
+  ::dup2(folder, STDIN_FILENO);
+  EXPECT_EQ(errorOf<EnvironmentError>("-"), "standard input cannot be read");
+  ::dup2(before, STDIN_FILENO);
+  ::close(folder);
+  ::close(before);
+  std::clearerr(stdin);
+}
+
 TEST_F(ScriptPaths, MustNameSomething) {
   EXPECT_EQ(errorOf<UseError>(pathOf("none.txt")), "there is no file or folder " + pathOf("none.txt"));
   EXPECT_EQ(errorOf<UseError>(pathOf("empty")),
             "the folder " + pathOf("empty") + " has no script: their names end in .txt");
   EXPECT_EQ(errorOf<UseError>("a\x1b[31m"), "there is no file or folder a␛[31m");
+}
+
+TEST_F(ScriptPaths, MustBeReadable) {
+  const std::string loop = pathOf("loop.txt");
+  std::filesystem::create_symlink("loop.txt", loop);
+  EXPECT_EQ(errorOf<EnvironmentError>(folder_.path().string()),
+            loop + " cannot be read: Too many levels of symbolic links");
+  EXPECT_EQ(errorOf<EnvironmentError>(loop), "the file " + loop + " cannot be read: Too many levels of symbolic links");
+}
+
+TEST_F(ScriptPaths, DoNotFollowLinksToFoldersRoundAndRound) {
+  std::filesystem::create_directory_symlink(".", pathOf("a/self"));
+  EXPECT_THAT(read({pathOf("a")}), ElementsAre("a/z.txt Z"));
 }
 
 }  // namespace

@@ -270,7 +270,7 @@ TEST(CommandPages, EveryPageHasItsNameUsageAndExample) {
   EXPECT_EQ(commands.size(), commandTable().size());
   for (const manual::DescribedCommand& command : commands) {
     const std::string page = commandPage(command, terminalOfWidth(100));
-    EXPECT_EQ(linesOf(page).front(), manual::usage(command.row));
+    EXPECT_EQ(linesOf(page).front(), usageOf(command.row));
     EXPECT_TRUE(page.starts_with(command.row.name)) << page;
     EXPECT_THAT(page, HasSubstr("\nExample\n  " + linesOf(command.note.example).front() + "\n"));
     EXPECT_THAT(page, HasSubstr("  " + linesOf(command.note.example).back() + "\n"));
@@ -282,7 +282,7 @@ TEST(CommandPages, TheListHasAllCommandsAndTitles) {
   for (const manual::DescribedGroup& group : allGroups()) {
     EXPECT_THAT(lines, ::testing::Contains(group.title));
     for (const manual::DescribedCommand& command : group.commands) {
-      EXPECT_THAT(lines, ::testing::Contains(::testing::StartsWith("  " + manual::usage(command.row)))) << group.title;
+      EXPECT_THAT(lines, ::testing::Contains(::testing::StartsWith("  " + usageOf(command.row)))) << group.title;
     }
   }
 }

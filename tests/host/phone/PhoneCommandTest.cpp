@@ -234,5 +234,14 @@ TEST_F(PhoneCommandTest, APictureThatCannotBeWrittenIsAnErrorBeforeAnythingIsSho
   EXPECT_EQ(folder.read("notes.txt"), "mine");
 }
 
+TEST_F(PhoneCommandTest, AsJsonBytesThatAreNoTextAreReplaced) {
+  EXPECT_THAT(runOnPhone({"--pictures", file("all\xFF"), "--format", "json"}).out, HasSubstr("all\uFFFD"));
+  EXPECT_THAT(runOnPhone({"--text", "no\xFF", "--format", "json"}).out, HasSubstr("\"text\":\"no\uFFFD\""));
+  folder.write("phone/phone.json", "{\"\xFF\": 1}");
+  const Outcome faulty = runOnPhone({"--format", "json"});
+  EXPECT_EQ(faulty.status, ExitStatus::failed);
+  EXPECT_THAT(faulty.out, StartsWith("{\"faults\":[\""));
+}
+
 }  // namespace
 }  // namespace quobrak::host

@@ -43,5 +43,11 @@ TEST(Paragraphs, AreMeasuredInColumns) {
   EXPECT_THAT(brokenInto(8, "設定 設定"), ElementsAre("設定", "設定"));
 }
 
+TEST(Words, AreJoinedWithSeparatorsBetweenThem) {
+  EXPECT_EQ(joined({"one", "two", "three"}, ", "), "one, two, three");
+  EXPECT_EQ(joined({"one"}, ", "), "one");
+  EXPECT_EQ(joined({}, ", "), "");
+}
+
 }  // namespace
 }  // namespace quobrak::host

@@ -4,7 +4,11 @@
 #include <gtest/gtest.h>
 
 #include <CLI/CLI.hpp>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
 #include <memory>
+#include <system_error>
 
 namespace quobrak::host {
 namespace {
@@ -31,10 +35,10 @@ Subcommand greeting(std::function<ExitStatus(const std::string& name)> greet) {
           }};
 }
 
-Outcome run(const Subcommand& subcommand, std::vector<std::string> arguments) {
+Outcome run(const Subcommand& subcommand, const std::vector<std::string>& arguments) {
   ::testing::internal::CaptureStdout();
   ::testing::internal::CaptureStderr();
-  const ExitStatus status = runProgram(std::span(&subcommand, 1), std::move(arguments));
+  const ExitStatus status = runProgram(std::span(&subcommand, 1), arguments);
   return {.status = status,
           .out = ::testing::internal::GetCapturedStdout(),
           .err = ::testing::internal::GetCapturedStderr()};
@@ -98,6 +102,36 @@ TEST(Program, ReportsWhatFailedAroundIt) {
       greeting([](const std::string&) -> ExitStatus { throw EnvironmentError("the disk is full"); }), {"greet", "Ada"});
   EXPECT_EQ(outcome.status, ExitStatus::environmentFailed);
   EXPECT_EQ(outcome.err, "quobrak: the disk is full\n");
+}
+
+TEST(Program, ReportsWhatNobodyForesawOfFiles) {
+  const Outcome outcome = run(greeting([](const std::string&) -> ExitStatus {
+                                throw std::filesystem::filesystem_error(
+                                    "cannot look", "a\x1b", std::make_error_code(std::errc::no_such_file_or_directory));
+                              }),
+                              {"greet", "Ada"});
+  EXPECT_EQ(outcome.status, ExitStatus::environmentFailed);
+  EXPECT_EQ(outcome.err, "quobrak: filesystem error: cannot look: No such file or directory [a␛]\n");
+}
+
+/// The status of a run that would end so, where standard output cannot be written.
+ExitStatus statusWithoutOutput(ExitStatus status) {
+  std::ofstream full("/dev/full");
+  std::streambuf* const before = std::cout.rdbuf(full.rdbuf());
+  const Outcome outcome = run(greeting([status](const std::string&) {
+                                std::cout << "Hello";
+                                return status;
+                              }),
+                              {"greet", "Ada"});
+  std::cout.clear();
+  std::cout.rdbuf(before);
+  EXPECT_EQ(outcome.err, "quobrak: standard output cannot be written\n");
+  return outcome.status;
+}
+
+TEST(Program, DoesNotSucceedWhereWhatItPrintsIsLost) {
+  EXPECT_EQ(statusWithoutOutput(ExitStatus::success), ExitStatus::environmentFailed);
+  EXPECT_EQ(statusWithoutOutput(ExitStatus::failed), ExitStatus::failed);
 }
 
 }  // namespace

@@ -83,6 +83,15 @@ TEST_F(CollectedScripts, TakeNoNameThatALaterOneWouldHave) {
               ElementsAre("S/order-2 from order-2.txt", "S/order from order.txt", "S/order-3 from order-3.txt"));
 }
 
+TEST_F(CollectedScripts, HaveTheNextNumberThatIsFree) {
+  for (const char* name : {"a/S/x.txt", "b/S/x.txt", "c/S/x-3.txt", "d/S/x.txt", "e/S/x.txt"}) {
+    folder.write(name, "");
+  }
+  EXPECT_THAT(inWords(collectScripts({folder.path().string()}, std::nullopt)),
+              ElementsAre("S/x from x.txt", "S/x-2 from x-2.txt", "S/x-3 from x-3.txt", "S/x-4 from x-4.txt",
+                          "S/x-5 from x-5.txt"));
+}
+
 TEST_F(CollectedScripts, CountTheLinesOfAnyEncoding) {
   folder.write("S/a.txt", std::string_view("\xFF\xFE"
                                            "a\0\n\0b\0",

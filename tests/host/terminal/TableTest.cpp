@@ -30,5 +30,10 @@ TEST(Table, TakesNoStyleForWidth) {
             "\x1b[31mx\x1b[0m  y\n");
 }
 
+TEST(ColumnWidths, AreThoseOfTheWidestCellsOrTitles) {
+  EXPECT_EQ(columnWidths(COLUMNS, {{"設定設定", ""}, {"Open", "200"}}), (std::vector<std::size_t>{8, 3}));
+  EXPECT_EQ(columnWidths(COLUMNS, {{"a", ""}}), (std::vector<std::size_t>{4, 1}));
+}
+
 }  // namespace
 }  // namespace quobrak::host

@@ -49,6 +49,17 @@ TEST(TextPlace, AColumnIsACodePoint) {
   }
 }
 
+TEST(TextPlace, AColumnLeadsBackToItsOffset) {
+  constexpr std::string_view LINE = "ä€🙂e\u0301x";
+  for (std::size_t column = 1; column <= 7; ++column) {
+    EXPECT_EQ(placeInText(LINE, offsetOfColumn(LINE, column)).column, column);
+  }
+  EXPECT_EQ(offsetOfColumn(LINE, 1), 0U);
+  EXPECT_EQ(offsetOfColumn(LINE, 4), 9U);
+  EXPECT_EQ(offsetOfColumn(LINE, 7), LINE.size());
+  EXPECT_EQ(offsetOfColumn(LINE, 100), LINE.size());
+}
+
 TEST(TextPlace, APlaceComesBeforeAllOfLaterLines) {
   EXPECT_LT((TextPlace{1, 9}), (TextPlace{2, 1}));
   EXPECT_LT((TextPlace{2, 1}), (TextPlace{2, 2}));
