@@ -185,8 +185,7 @@ void tellFaults(const std::string& text, const Options& options) {
 std::optional<PhoneDescription> loaded(const Options& options) {
   std::error_code error;
   if (options.folder && !std::filesystem::is_directory(*options.folder, error)) {
-    throw EnvironmentError("there is no folder " + shown(*options.folder) +
-                           "; a phone is a folder with a file phone.json");
+    throw UseError("there is no folder " + shown(*options.folder) + "; a phone is a folder with a file phone.json");
   }
   try {
     return options.folder ? simulator::loadPhone(simulator::FolderPhoneFiles(*options.folder))

@@ -29,7 +29,8 @@ constexpr const char* DESCRIPTION =
     "Each iteration is a test process of its own, with a Documents directory of its own in the output folder. What it\n"
     "leaves stays there: measures, statuses, pictures, dumps, a trace of all that happened, and what it printed.\n"
     "\n"
-    "docs/run.md tells the rest.";
+    "Where --driver, --phone, --clock or --test-process is not used, QUOBRAK_DRIVER, QUOBRAK_PHONE, QUOBRAK_CLOCK or\n"
+    "QUOBRAK_TEST_PROCESS of the environment counts.";
 
 /// The plan but for the folder.
 RunPlan planOf(const RunOptions& options, const Variables& variables, const EnvironmentVariables& own) {
@@ -75,6 +76,13 @@ void report(const RunRecord& record, const Terminal& terminal, bool isQuiet) {
   summarise();
 }
 
+/// Whether a run would begin, and end.
+bool canBeRun(const std::vector<Finding>& findings) {
+  return std::none_of(findings.begin(), findings.end(), [](const Finding& finding) {
+    return finding.outcome == Outcome::preventsRun || finding.outcome == Outcome::neverEnds;
+  });
+}
+
 /// Tells what is wrong with the scripts, and whether they can be run.
 bool passCheck(const RunPlan& plan, const Variables& variables, bool isQuiet) {
   std::vector<ScriptSource> sources;
@@ -89,15 +97,15 @@ bool passCheck(const RunPlan& plan, const Variables& variables, bool isQuiet) {
   }
   std::cerr << inWords(findings, sources, terminalOf(STDERR_FILENO, ProcessInfo::environmentVariable));
   if (isFlawed) {
-    std::cerr << summaryOf(findings, sources.size()) << ". Nothing was run; --no-check runs the scripts all the same."
-              << std::endl;
+    std::cerr << summaryOf(findings, sources.size()) << ". Nothing was run"
+              << (canBeRun(findings) ? "; --no-check runs the scripts all the same." : ".") << std::endl;
   }
   return !isFlawed;
 }
 
 ExitStatus run(const RunOptions& options) {
-  requireUsable(options);
   const EnvironmentVariables own = ownEnvironment();
+  requireUsable(options, own);
   const Variables variables = readVariables(options.variables, ProcessInfo::environmentVariable);
   RunPlan plan = planOf(options, variables, own);
   if (!options.isUnchecked && !passCheck(plan, variables, options.isQuiet)) {
@@ -111,7 +119,11 @@ ExitStatus run(const RunOptions& options) {
   const std::unique_ptr<RunListener> listener = progressFor(terminal, options.isQuiet, std::cout, std::cerr);
   const FinishedRun finished = carryOut(plan, supervisor, *listener);
   report(finished.record, terminal, options.isQuiet);
-  return exitStatusOf(finished);
+  const ExitStatus status = exitStatusOf(finished);
+  if (options.isQuiet && status != ExitStatus::success) {
+    std::cerr << "Results: " << shown(folder.path().native()) << std::endl;
+  }
+  return status;
 }
 
 }  // namespace

@@ -63,8 +63,8 @@ void declareHowOften(CLI::App& app, RunOptions& options) {
            const std::optional<std::chrono::milliseconds> rest = parseDuration(text);
            if (!rest) {
              throw UseError("--rest is \"" + shown(text) +
-                            "\", but must be a whole number of milliseconds, or one with a unit, such as 500ms, 30s "
-                            "or 2min, a day at most");
+                            "\", but must be a whole number of milliseconds, or one with a unit, such as 500ms, 30s, "
+                            "2min or 1h, a day at most");
            }
            options.rest = *rest;
          },
@@ -118,6 +118,50 @@ void requireScriptsFor(const RunOptions& options) {
   }
 }
 
+/// A choice of where to run: as an option, or as the variable of the test process.
+struct Choice {
+  /// As a person wrote it, such as "--clock virtual" or "QUOBRAK_CLOCK=virtual"; empty where neither was used.
+  std::string written;
+  std::string value;
+};
+
+Choice choiceOf(std::string_view option, const std::optional<std::string>& value, const std::string& variable,
+                const EnvironmentVariables& own) {
+  if (value) {
+    return {.written = std::string(option) + " " + *value, .value = *value};
+  }
+  const auto found = own.find(variable);
+  return found == own.end() ? Choice{} : Choice{.written = variable + "=" + found->second, .value = found->second};
+}
+
+void requirePhone(const std::filesystem::path& folder) {
+  using std::filesystem::file_type;
+  // None where this program may not look: the test process tells why.
+  std::error_code ignored;
+  const file_type type = std::filesystem::status(folder, ignored).type();
+  const std::string name = shown(folder.native());
+  if (type != file_type::directory && type != file_type::none) {
+    throw UseError("there is no folder " + name + "; a phone is a folder with a file phone.json");
+  }
+  if (std::filesystem::status(folder / "phone.json", ignored).type() == file_type::not_found) {
+    throw UseError("the folder " + name + " has no file phone.json, and is no phone");
+  }
+}
+
+void requireFittingPlace(const RunOptions& options, const EnvironmentVariables& own) {
+  const Choice driver = choiceOf("--driver", options.driver, "QUOBRAK_DRIVER", own);
+  const Choice clock = choiceOf("--clock", options.clock, "QUOBRAK_CLOCK", own);
+  if (driver.value == "webdriver" && clock.value == "virtual") {
+    throw UseError(clock.written + " cannot be used with " + driver.written + ": a real phone takes real time");
+  }
+  if (driver.value == "webdriver" && options.phone) {
+    throw UseError("--phone describes a simulated phone, and cannot be used with " + driver.written);
+  }
+  if (options.phone) {
+    requirePhone(*options.phone);
+  }
+}
+
 }  // namespace
 
 RunKind RunOptions::kind() const {
@@ -133,7 +177,7 @@ void declareRunOptions(CLI::App& app, RunOptions& options) {
   declareWhereToRun(app, options);
 }
 
-void requireUsable(const RunOptions& options) {
+void requireUsable(const RunOptions& options, const EnvironmentVariables& own) {
   const int kinds = (options.scripts.empty() ? 0 : 1) + (options.command ? 1 : 0) + (options.isReference ? 1 : 0);
   if (kinds == 0) {
     throw UseError("there is nothing to run: name scripts or folders of them, or use --command or --reference");
@@ -144,17 +188,18 @@ void requireUsable(const RunOptions& options) {
   if (options.kind() != RunKind::scripts) {
     requireScriptsFor(options);
   }
-  if (options.driver == "webdriver" && options.clock == "virtual") {
-    throw UseError("--clock virtual cannot be used with --driver webdriver: a real phone takes real time");
+  if (options.command && options.command->empty()) {
+    throw UseError("--command is empty, but must be a command, as in --command pause,100");
   }
-  if (options.driver == "webdriver" && options.phone) {
-    throw UseError("--phone describes a simulated phone, and cannot be used with --driver webdriver");
+  if (options.out && options.out->empty()) {
+    throw UseError("--out is empty, but must be a folder");
   }
+  requireFittingPlace(options, own);
 }
 
 std::optional<std::chrono::milliseconds> parseDuration(std::string_view text) {
-  constexpr std::array<std::pair<std::string_view, std::uint64_t>, 4> UNITS{
-      std::pair{"", 1}, std::pair{"ms", 1}, std::pair{"s", 1000}, std::pair{"min", 60'000}};
+  constexpr std::array<std::pair<std::string_view, std::uint64_t>, 5> UNITS{
+      std::pair{"", 1}, std::pair{"ms", 1}, std::pair{"s", 1000}, std::pair{"min", 60'000}, std::pair{"h", 3'600'000}};
   constexpr std::uint64_t LONGEST = std::chrono::milliseconds(std::chrono::hours(24)).count();
   const std::size_t digits = std::min(text.find_first_not_of("0123456789"), text.size());
   const std::optional<std::uint64_t> number = parseNumber(text.substr(0, digits));

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "host/check/Variables.h"
+#include "host/run/ChildEnvironment.h"
 #include "host/run/RunRecord.h"
 
 namespace CLI {
@@ -53,10 +54,11 @@ struct RunOptions {
 /// Declares the options of a run, which fill `options`. It must live until the command line has been read.
 void declareRunOptions(CLI::App& app, RunOptions& options);
 
-/// Throws `UseError` where options do not go together.
-void requireUsable(const RunOptions& options);
+/// Throws `UseError` where options do not go together, or lead nowhere. Where an option is not used, what `own`, this
+/// program's environment, tells the test process instead counts too (QUOBRAK_DRIVER and its like).
+void requireUsable(const RunOptions& options, const EnvironmentVariables& own);
 
-/// A duration such as "500" or "500ms" (milliseconds), "30s", "2min", at most a day; none for any other text.
+/// A duration such as "500" or "500ms" (milliseconds), "30s", "2min", "1h", at most a day; none for any other text.
 std::optional<std::chrono::milliseconds> parseDuration(std::string_view text);
 
 }  // namespace quobrak::host

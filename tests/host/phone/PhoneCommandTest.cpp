@@ -101,9 +101,8 @@ TEST_F(PhoneCommandTest, TellsAllFaultsOfADescription) {
 }
 
 TEST_F(PhoneCommandTest, AFolderThatIsNoneIsSaidToBeMissing) {
-  EXPECT_THAT([&] { run({file("none")}); },
-              ThrowsMessage<EnvironmentError>("there is no folder " + file("none") +
-                                              "; a phone is a folder with a file phone.json"));
+  EXPECT_THAT([&] { run({file("none")}); }, ThrowsMessage<UseError>("there is no folder " + file("none") +
+                                                                    "; a phone is a folder with a file phone.json"));
 }
 
 TEST_F(PhoneCommandTest, ShowsTheScreenAfterTheStartOrOneByItsName) {

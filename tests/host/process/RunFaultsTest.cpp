@@ -95,7 +95,8 @@ TEST_F(RunFaults, AScriptThatFailsIsTriedInAllIterations) {
   EXPECT_EQ(end.exitStatus, 1);
   EXPECT_EQ(end.err,
             "Iteration 1 of 2: S/a failed: line 2: clickByText,Lamb: The expected text Lamb was not found\n"
-            "Iteration 2 of 2: S/a failed: line 2: clickByText,Lamb: The expected text Lamb was not found\n");
+            "Iteration 2 of 2: S/a failed: line 2: clickByText,Lamb: The expected text Lamb was not found\n"
+            "Results: out\n");
   EXPECT_THAT(outcomes(), ElementsAre("finished", "finished"));
 }
 

@@ -152,7 +152,8 @@ TEST_F(RunResults, OfACommandThatFails) {
   EXPECT_EQ(end.exitStatus, 1);
   EXPECT_EQ(end.err,
             "Iteration 1 of 1: clickByText,Nowhere failed: The application is not "
-            "initialised. Please use applicationStart or launchBrowser at the beginning of your script.\n");
+            "initialised. Please use applicationStart or launchBrowser at the beginning of your script.\n"
+            "Results: out\n");
 }
 
 TEST_F(RunResults, OfTheReferenceScript) {

@@ -12,6 +12,7 @@
 namespace quobrak::host {
 namespace {
 
+using ::testing::EndsWith;
 using ::testing::HasSubstr;
 using ::testing::StartsWith;
 using testing::TemporaryFolder;
@@ -112,6 +113,27 @@ TEST_F(TheRunCommand, ShowsWarningsUnlessItIsToBeQuiet) {
   ::testing::internal::CaptureStderr();
   EXPECT_EQ(run({at("S")}), ExitStatus::success);
   EXPECT_EQ(::testing::internal::GetCapturedStderr(), "");
+}
+
+TEST_F(TheRunCommand, TellsWhereTheResultsAreOfAQuietRunThatDidNotPass) {
+  testProcess("exit 1\n");
+  ::testing::internal::CaptureStderr();
+  EXPECT_EQ(run({at("S")}), ExitStatus::environmentFailed);
+  EXPECT_THAT(::testing::internal::GetCapturedStderr(), EndsWith("\nResults: " + at("out") + "\n"));
+}
+
+TEST_F(TheRunCommand, OffersToRunUncheckedScriptsWhereThatCouldBe) {
+  folder.write("S/a.txt", "pause");
+  ::testing::internal::CaptureStderr();
+  EXPECT_EQ(run({at("S")}), ExitStatus::failed);
+  EXPECT_THAT(
+      ::testing::internal::GetCapturedStderr(),
+      EndsWith("\n1 script, 1 error, 0 warnings. Nothing was run; --no-check runs the scripts all the same.\n"));
+  folder.write("S/a.txt", "pause,\xE9");
+  ::testing::internal::CaptureStderr();
+  EXPECT_EQ(run({at("S")}), ExitStatus::failed);
+  EXPECT_THAT(::testing::internal::GetCapturedStderr(),
+              EndsWith("\n1 script, 1 error, 0 warnings. Nothing was run.\n"));
 }
 
 TEST_F(TheRunCommand, RefusesWhatMakesNoSense) {

@@ -8,6 +8,7 @@
 #include <limits>
 
 #include "host/Subcommand.h"
+#include "tests/support/TemporaryFolder.h"
 
 namespace quobrak::host {
 namespace {
@@ -15,20 +16,20 @@ namespace {
 using namespace std::chrono_literals;
 using ::testing::ElementsAre;
 
-RunOptions read(std::vector<std::string> arguments) {
+RunOptions read(std::vector<std::string> arguments, const EnvironmentVariables& own = {}) {
   RunOptions options;
   CLI::App app;
   declareRunOptions(app, options);
   std::reverse(arguments.begin(), arguments.end());
   app.parse(arguments);
-  requireUsable(options);
+  requireUsable(options, own);
   return options;
 }
 
 /// What the error says; empty where there is none.
-std::string errorOf(const std::vector<std::string>& arguments) {
+std::string errorOf(const std::vector<std::string>& arguments, const EnvironmentVariables& own = {}) {
   try {
-    read(arguments);
+    read(arguments, own);
   } catch (const UseError& error) {
     return error.what();
   }
@@ -55,11 +56,16 @@ TEST(RunOptions, AreFewUnlessTold) {
 }
 
 TEST(RunOptions, AreRead) {
-  const RunOptions options = read(
-      {"--iterations", "30", "--warmup",       "2",   "--rest",      "2min",       "--shuffle", "18446744073709551615",
-       "--suite",      "S",  "--var",          "A=1", "a.txt",       "--var",      "B=[x,y]",   "b.txt",
-       "--env-file",   "f",  "--phone",        "p",   "--driver",    "simulator",  "--clock",   "virtual",
-       "--out",        "o",  "--test-process", "t",   "--fail-fast", "--no-check", "--quiet"});
+  const testing::TemporaryFolder phone;
+  phone.write("phone.json", "{}");
+  const RunOptions options = read({"--iterations", "30",         "--warmup",       "2",
+                                   "--rest",       "2min",       "--shuffle",      "18446744073709551615",
+                                   "--suite",      "S",          "--var",          "A=1",
+                                   "a.txt",        "--var",      "B=[x,y]",        "b.txt",
+                                   "--env-file",   "f",          "--phone",        phone.path().string(),
+                                   "--driver",     "simulator",  "--clock",        "virtual",
+                                   "--out",        "o",          "--test-process", "t",
+                                   "--fail-fast",  "--no-check", "--quiet"});
   EXPECT_THAT(options.scripts, ElementsAre("a.txt", "b.txt"));
   EXPECT_EQ(options.iterations, 30U);
   EXPECT_EQ(options.warmUps, 2U);
@@ -68,7 +74,7 @@ TEST(RunOptions, AreRead) {
   EXPECT_EQ(options.suite, "S");
   EXPECT_THAT(options.variables.definitions, ElementsAre("A=1", "B=[x,y]"));
   EXPECT_THAT(options.variables.files, ElementsAre("f"));
-  EXPECT_EQ(options.phone, "p");
+  EXPECT_EQ(options.phone, phone.path());
   EXPECT_EQ(options.driver, "simulator");
   EXPECT_EQ(options.clock, "virtual");
   EXPECT_EQ(options.out, "o");
@@ -104,6 +110,32 @@ TEST(RunOptions, ThatDoNotGoTogetherAreRefused) {
   EXPECT_EQ(errorOf({"a.txt", "--driver", "webdriver", "--clock", "system"}), "");
 }
 
+TEST(RunOptions, FitTheVariablesThatCountInTheirPlace) {
+  EXPECT_EQ(errorOf({"a.txt", "--clock", "virtual"}, {{"QUOBRAK_DRIVER", "webdriver"}}),
+            "--clock virtual cannot be used with QUOBRAK_DRIVER=webdriver: a real phone takes real time");
+  EXPECT_EQ(errorOf({"a.txt", "--driver", "webdriver"}, {{"QUOBRAK_CLOCK", "virtual"}}),
+            "QUOBRAK_CLOCK=virtual cannot be used with --driver webdriver: a real phone takes real time");
+  EXPECT_EQ(errorOf({"a.txt", "--clock", "system"}, {{"QUOBRAK_CLOCK", "virtual"}, {"QUOBRAK_DRIVER", "webdriver"}}),
+            "");
+  EXPECT_EQ(errorOf({"a.txt", "--phone", "p"}, {{"QUOBRAK_DRIVER", "webdriver"}}),
+            "--phone describes a simulated phone, and cannot be used with QUOBRAK_DRIVER=webdriver");
+}
+
+TEST(RunOptions, NameAPhoneThatThereIs) {
+  const testing::TemporaryFolder folder;
+  folder.write("phone/phone.json", "{}");
+  const std::string path = folder.path().string();
+  EXPECT_EQ(errorOf({"a.txt", "--phone", path + "/phone"}), "");
+  EXPECT_EQ(errorOf({"a.txt", "--phone", path + "/none"}),
+            "there is no folder " + path + "/none; a phone is a folder with a file phone.json");
+  EXPECT_EQ(errorOf({"a.txt", "--phone", path}), "the folder " + path + " has no file phone.json, and is no phone");
+}
+
+TEST(RunOptions, ThatAreEmptyAreRefused) {
+  EXPECT_EQ(errorOf({"--command", ""}), "--command is empty, but must be a command, as in --command pause,100");
+  EXPECT_EQ(errorOf({"a.txt", "--out", ""}), "--out is empty, but must be a folder");
+}
+
 TEST(RunOptions, ThatAreNoNumbersAreRefused) {
   for (const char* text : {"0", "-1", "1.5", "", "x", "1 ", "1000001", "99999999999999999999"}) {
     EXPECT_EQ(errorOf({"a.txt", "--iterations", text}),
@@ -114,8 +146,8 @@ TEST(RunOptions, ThatAreNoNumbersAreRefused) {
   EXPECT_EQ(errorOf({"a.txt", "--shuffle", "-1"}),
             "--shuffle is \"-1\", but must be a whole number from 0 to 18446744073709551615");
   EXPECT_EQ(errorOf({"a.txt", "--rest", "soon"}),
-            "--rest is \"soon\", but must be a whole number of milliseconds, or one with a unit, such as 500ms, 30s or "
-            "2min, a day at most");
+            "--rest is \"soon\", but must be a whole number of milliseconds, or one with a unit, such as 500ms, 30s, "
+            "2min or 1h, a day at most");
 }
 
 TEST(RunOptions, NameDriversAndClocksThatThereAre) {
@@ -130,13 +162,14 @@ TEST(Durations, AreReadWithTheirUnits) {
       {"500ms", 500ms},
       {"30s", 30s},
       {"2min", 2min},
+      {"24h", 24h},
+      {"25h", {}},
       {"1440min", 24h},
       {"86400000", 24h},
       {"1441min", {}},
       {"86400001", {}},
       {"", {}},
       {"s", {}},
-      {"1h", {}},
       {"1.5s", {}},
       {"-1", {}},
       {"1 s", {}},
