@@ -41,6 +41,19 @@ void writeNewFile(const fs::path& file, std::string_view bytes) {
   }
 }
 
+std::string writingFault(const fs::path& folder, std::size_t size) {
+  const fs::path trial = folder / ".room";
+  std::string fault;
+  try {
+    writeNewFile(trial, std::string(size, ' '));
+  } catch (const EnvironmentError& error) {
+    fault = error.what();
+  }
+  std::error_code ignored;
+  fs::remove(trial, ignored);
+  return fault;
+}
+
 void makeFolder(const fs::path& folder) {
   std::error_code error;
   fs::create_directories(folder, error);

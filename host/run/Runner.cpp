@@ -61,6 +61,13 @@ bool hasPassed(const IterationRecord& iteration) {
                      [](const ScriptRecord& script) { return script.outcome == ScriptOutcome::passed; });
 }
 
+/// Whether a script failed, or passed with something missing.
+bool hasFlaw(const IterationRecord& iteration) {
+  return std::any_of(iteration.scripts.begin(), iteration.scripts.end(), [](const ScriptRecord& script) {
+    return script.outcome != ScriptOutcome::passed || !script.stackTrace.empty();
+  });
+}
+
 ExitStatus exitStatusOf(const IterationRecord& iteration) {
   switch (iteration.outcome) {
     case IterationOutcome::finished:
@@ -206,9 +213,23 @@ class Runner {
     if (trace.unreadableLines() > 0) {
       notices.push_back("Lines of the trace that could not be read: " + std::to_string(trace.unreadableLines()));
     }
+    if (iteration.outcome == IterationOutcome::finished && hasFlaw(iteration)) {
+      endWhereNothingCanBeWritten(documents, iteration);
+    }
     tellOfEndedScript(progress, iteration);
     for (const std::string& notice : notices) {
       listener_.notice(notice);
+    }
+  }
+
+  /// Scripts fail, or lack pictures, where a disk is full; that is no fault of theirs, and the next iteration could do
+  /// no better.
+  static void endWhereNothingCanBeWritten(const fs::path& documents, IterationRecord& iteration) {
+    // As much as a picture of a large screen takes.
+    constexpr std::size_t ROOM = std::size_t{1} << 20;
+    if (const std::string fault = writingFault(documents, ROOM); !fault.empty()) {
+      iteration.outcome = IterationOutcome::failed;
+      iteration.message = "Results can no longer be written: " + fault;
     }
   }
 

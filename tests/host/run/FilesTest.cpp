@@ -41,6 +41,14 @@ TEST(Files, AreNeverWrittenOver) {
   EXPECT_EQ(folder.read("old"), "kept");
 }
 
+TEST(Files, AreTriedWithoutATrace) {
+  const TemporaryFolder folder;
+  EXPECT_EQ(writingFault(folder.path(), 1 << 20), "");
+  EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
+  const std::string none = (folder.path() / "none").string();
+  EXPECT_EQ(writingFault(none, 1), none + "/.room cannot be written: No such file or directory");
+}
+
 TEST(Files, AFolderThatIsNoneIsTold) {
   EXPECT_EQ(errorOf([] { writeNewFile("/dev/null/file", "x"); }), "/dev/null/file cannot be written: Not a directory");
 }

@@ -157,24 +157,12 @@ TEST(RunOptions, NameDriversAndClocksThatThereAre) {
 
 TEST(Durations, AreReadWithTheirUnits) {
   const std::vector<std::pair<std::string_view, std::optional<std::chrono::milliseconds>>> cases{
-      {"0", 0ms},
-      {"500", 500ms},
-      {"500ms", 500ms},
-      {"30s", 30s},
-      {"2min", 2min},
-      {"24h", 24h},
-      {"25h", {}},
-      {"1440min", 24h},
-      {"86400000", 24h},
-      {"1441min", {}},
-      {"86400001", {}},
-      {"", {}},
-      {"s", {}},
-      {"1.5s", {}},
-      {"-1", {}},
-      {"1 s", {}},
-      {"1S", {}},
-      {"99999999999999999999", {}}};
+      {"0", 0ms},      {"500", 500ms},   {"500ms", 500ms},
+      {"30s", 30s},    {"2min", 2min},   {"24h", 24h},
+      {"25h", {}},     {"1440min", 24h}, {"86400000", 24h},
+      {"1441min", {}}, {"86400001", {}}, {"", {}},
+      {"s", {}},       {"1.5s", {}},     {"-1", {}},
+      {"1 s", {}},     {"1S", {}},       {"99999999999999999999", {}}};
   for (const auto& [text, duration] : cases) {
     EXPECT_EQ(parseDuration(text), duration) << text;
   }
