@@ -15,9 +15,16 @@ namespace quobrak::host {
 namespace {
 
 /// More replacements of one variable than any line needs that comes to an end, one after the other, and more bytes than
-/// they add to any: as many as the longest variable of an environment has.
+/// they add to any: as many as the longest variable of an environment has, or for one that is replaced once, as many as
+/// a whole environment has.
 constexpr std::size_t MOST_REPLACEMENTS = 100;
 constexpr std::size_t MOST_GROWTH = 1U << 17U;
+constexpr std::size_t MOST_GROWTH_BY_OTHERS = 1U << 21U;
+
+/// Whether a variable that has been replaced so often, in a line that has become so much longer, comes to no end.
+bool isEndless(std::size_t replacements, std::size_t growth) {
+  return replacements > MOST_REPLACEMENTS || growth > (replacements > 1 ? MOST_GROWTH : MOST_GROWTH_BY_OTHERS);
+}
 
 /// Stands for text that is not known: one character of one UTF-16 unit, so that the search for references goes as far
 /// as with one letter, and none that a reference, a comma or a name could be made of.
@@ -50,8 +57,8 @@ void PreparedLine::replaceAll(const Variables& variables, const IsSomehowSet& is
     const std::string name(reference->name());
     const std::string* const known = variables.find(name);
     const std::string* const value = endless.contains(name) ? nullptr : known;
-    const bool hasGrown = replaced_->text.size() > trimmed_.size() + MOST_GROWTH;
-    if (value != nullptr && (++replacements[name] > MOST_REPLACEMENTS || hasGrown)) {
+    const std::size_t growth = std::max(replaced_->text.size(), trimmed_.size()) - trimmed_.size();
+    if (value != nullptr && isEndless(++replacements[name], growth)) {
       note(ReferenceNote::Kind::endless, reference->text);
       endless.insert(name);
       replacements.clear();

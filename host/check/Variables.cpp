@@ -55,6 +55,10 @@ void readLine(const std::string& line, const std::string& place, Variables& vari
   }
   const std::string name(definition.substr(0, equals));
   requireUsable(name, place);
+  // The environment of a process ends a value there.
+  if (definition.find('\0') != std::string_view::npos) {
+    throw UseError(place + "the value of " + name + " has a NUL character, which no variable can hold");
+  }
   variables.set(name, definition.substr(equals + 1));
 }
 

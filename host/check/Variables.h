@@ -54,7 +54,8 @@ using EnvironmentLookup = std::function<std::optional<std::string>(const std::st
 /// A file has lines NAME=VALUE; what is behind the `=` is the value as it stands. Empty lines, and lines that begin
 /// with `#`, are passed over, and blanks before a name do not count. It is encoded as scripts are. Throws `UseError`,
 /// for a line of a file with FILE:LINE, where a name is none, belongs to the run itself (see `isSetByRun`), or has no
-/// value; and where there is no such file or it is no text. Throws `EnvironmentError` where a file cannot be read.
+/// value, or one that no variable can hold; and where there is no such file or it is no text. Throws `EnvironmentError`
+/// where a file cannot be read.
 Variables readVariables(const VariableOptions& options, const EnvironmentLookup& environment);
 
 /// Whether the host itself sets the variable for each run: `class`, `iteration`, `command`, `testFileNumber`,

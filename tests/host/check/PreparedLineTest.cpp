@@ -102,6 +102,13 @@ TEST(PreparedLine, NotesWhatNeverEnds) {
   }
 }
 
+TEST(PreparedLine, TakesNoLongValuesForEndlessOnes) {
+  const std::string longest(100'000, 'x');
+  const PreparedLine line = prepared("${A}${B}${C}", {{"A", longest}, {"B", longest}, {"C", longest}});
+  EXPECT_EQ(line.text().size(), 300'000U);
+  EXPECT_THAT(notesInWords(line), ElementsAre());
+}
+
 TEST(PreparedLine, NotesEachVariableThatNeverEndsAndGoesOn) {
   const PreparedLine line = prepared("${A},${C},${B}", {{"A", "${A}${A}"}, {"B", "-${B}"}, {"C", "x"}});
   EXPECT_EQ(line.text(), "?,x,?");

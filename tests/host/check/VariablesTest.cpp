@@ -98,6 +98,7 @@ TEST(Variables, ThatAreNoneInAFileAreRefusedWithTheirLine) {
       {"export A=1",
        ":1: \"export A\" is no name of a variable: expected NAME=VALUE, with a name of letters, digits and _"},
       {"\n\nclass=x", ":3: the variable class is set by the run itself: choose another name for yours"},
+      {std::string("A=b\0c", 5), ":1: the value of A has a NUL character, which no variable can hold"},
   };
   for (const auto& [text, message] : table) {
     folder.write("bad.env", text);
