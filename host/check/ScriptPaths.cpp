@@ -20,15 +20,24 @@ bool isHidden(const fs::path& path) {
   return path.filename().string().starts_with('.');
 }
 
+bool hasResults(const fs::path& folder) {
+  std::error_code error;
+  return fs::exists(folder / RESULTS_MARKER, error);
+}
+
 /// The scripts below a folder.
 std::vector<fs::path> scriptsBelow(const fs::path& folder) {
+  if (hasResults(folder)) {
+    throw UseError("the folder " + shown(folder.string()) +
+                   " holds the results of a run: what is in it is not taken for scripts, unless it is named by itself");
+  }
   std::vector<fs::path> found;
   // What fails while it goes on is named by no error.
   fs::path at = folder;
   try {
     for (fs::recursive_directory_iterator entry(folder), end; entry != end; ++entry) {
       at = entry->path();
-      if (isHidden(entry->path())) {
+      if (isHidden(entry->path()) || hasResults(entry->path())) {
         entry.disable_recursion_pending();
       } else if (entry->path().extension() == ".txt" && entry->is_regular_file()) {
         found.push_back(entry->path());

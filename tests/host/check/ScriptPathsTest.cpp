@@ -72,6 +72,16 @@ TEST_F(ScriptPaths, OfFoldersAreTheScriptsBelowThem) {
   EXPECT_FALSE(isOrderKnown_);
 }
 
+TEST_F(ScriptPaths, AreNotLookedForAmongTheResultsOfARun) {
+  folder_.write("out/.quobrak-results", "");
+  folder_.write("out/iterations/001/scripts/001/x.txt", "X");
+  EXPECT_THAT(read({folder_.path().string()}), ElementsAre("a/z.txt Z", "b.txt B", "c.txt C"));
+  EXPECT_EQ(errorOf<UseError>(pathOf("out")), "the folder " + pathOf("out") +
+                                                  " holds the results of a run: what is in it is not taken for "
+                                                  "scripts, unless it is named by itself");
+  EXPECT_THAT(read({pathOf("out/iterations/001/scripts")}), ElementsAre("out/iterations/001/scripts/001/x.txt X"));
+}
+
 TEST_F(ScriptPaths, MayBeStandardInput) {
   std::istringstream input("pause,1\n");
   std::streambuf* const before = std::cin.rdbuf(input.rdbuf());
