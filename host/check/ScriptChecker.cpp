@@ -5,6 +5,7 @@
 #include "host/check/ArgumentProblems.h"
 #include "host/check/CheckedLine.h"
 #include "host/check/LookAlikes.h"
+#include "host/check/NumberedLines.h"
 #include "host/check/RunNeeds.h"
 #include "host/check/TextFault.h"
 #include "host/terminal/NearestNames.h"
@@ -26,9 +27,9 @@ class ScriptChecker {
       : number_(number), context_(context), needs_(report_) {}
 
   ScriptReport check(std::string_view script) {
-    ScriptLines lines(script);
-    for (std::size_t number = 1; const auto written = lines.next(); ++number) {
-      checkLine(*written, number);
+    NumberedLines lines(script);
+    while (const std::optional<NumberedLine> line = lines.next()) {
+      checkLine(line->text, line->number);
     }
     if (!hasCommand_) {
       report_.findings.push_back(noCommand());
@@ -48,7 +49,7 @@ class ScriptChecker {
     return finding;
   }
 
-  void checkLine(std::string_view written, std::size_t number) {
+  void checkLine(std::string_view written, LineNumber number) {
     if (isSkipped(trimmedBlanks(written))) {
       return;
     }
@@ -182,7 +183,8 @@ ScriptReport unreadable(const ScriptSource& source, std::size_t number) {
                    .message = File::missingFileMessage(repairedUTF8(source.name)),
                    .hint = fault.words}};
   finding.script = number;
-  finding.line = fault.line;
+  finding.line = fault.line.inRun;
+  finding.editorLine = fault.line.inEditor;
   finding.column = fault.column;
   finding.endColumn = fault.column + 1;
   finding.text = std::make_shared<const std::string>(fault.text);
