@@ -4,7 +4,6 @@
 #include <cstdio>
 #include <filesystem>
 #include <iostream>
-#include <iterator>
 
 #include "host/Subcommand.h"
 #include "host/check/FileBytes.h"
@@ -58,8 +57,7 @@ ScriptSource fromFile(const fs::path& file) {
 }
 
 ScriptSource fromStandardInput() {
-  ScriptSource source{.name = STANDARD_INPUT,
-                      .bytes = {std::istreambuf_iterator<char>(std::cin), std::istreambuf_iterator<char>()}};
+  ScriptSource source{.name = STANDARD_INPUT, .bytes = bytesOf(std::cin, "standard input")};
   // std::cin reads by it, and tells an error as if the end had come.
   if (std::ferror(stdin) != 0) {
     throw EnvironmentError("standard input cannot be read");

@@ -7,6 +7,7 @@
 
 #include <cstdio>
 #include <filesystem>
+#include <fstream>
 #include <iostream>
 #include <sstream>
 
@@ -88,6 +89,15 @@ TEST_F(ScriptPaths, MayBeStandardInput) {
   EXPECT_THAT(read({"-"}), ElementsAre("- pause,1\n"));
   std::cin.rdbuf(before);
   EXPECT_TRUE(isOrderKnown_);
+}
+
+TEST_F(ScriptPaths, MustNotBeAStandardInputThatNeverEnds) {
+  std::filebuf zeros;
+  ASSERT_NE(zeros.open("/dev/zero", std::ios::in), nullptr);
+  std::streambuf* const before = std::cin.rdbuf(&zeros);
+  EXPECT_EQ(errorOf<EnvironmentError>("-"),
+            "standard input is too large: it has more than 256 MB, the most that is read");
+  std::cin.rdbuf(before);
 }
 
 TEST_F(ScriptPaths, MustNotBeAStandardInputThatFails) {
