@@ -8,6 +8,7 @@
 #include "host/check/NumberedLines.h"
 #include "host/check/RunNeeds.h"
 #include "host/check/TextFault.h"
+#include "host/check/UnknownNames.h"
 #include "host/terminal/NearestNames.h"
 #include "platform/foundation/Unicode.h"
 #include "quobrakUITests/CommandDispatch.h"
@@ -131,36 +132,17 @@ class ScriptChecker {
       findArgumentProblems(line, *row, report_.findings);
       needs_.pass(line, *row);
     } else {
-      const std::vector<std::string_view> near = context_.commands.near(name);
-      report_.findings.push_back(line.atField(0, unknownCommand(name, near)));
-      if (!near.empty()) {
-        needs_.assumeDone(*context_.commands.find(near.front()));
+      UnknownName unknown = explained(name, context_.commands);
+      report_.findings.push_back(line.atField(0, {.rule = Rule::unknownCommand,
+                                                  .severity = Severity::error,
+                                                  .outcome = Outcome::failsScript,
+                                                  .stage = Stage::arguments,
+                                                  .message = unknownCommandMessage(name),
+                                                  .hint = std::move(unknown.hint)}));
+      if (unknown.meant != nullptr) {
+        needs_.assumeDone(*unknown.meant);
       }
     }
-  }
-
-  static Problem unknownCommand(std::string_view name, const std::vector<std::string_view>& near) {
-    return {.rule = Rule::unknownCommand,
-            .severity = Severity::error,
-            .outcome = Outcome::failsScript,
-            .stage = Stage::arguments,
-            .message = unknownCommandMessage(name),
-            .hint = hintForUnknown(name, near)};
-  }
-
-  static std::string hintForUnknown(std::string_view name, const std::vector<std::string_view>& near) {
-    if (near.empty()) {
-      return "";
-    }
-    const std::string nearest(near.front());
-    const std::string_view trimmed = trimmedBlanks(name);
-    if (trimmed == nearest) {
-      return "a blank before the comma belongs to the name: write " + nearest;
-    }
-    if (caseFolded(trimmed).text == caseFolded(nearest).text) {
-      return "small and capital letters differ: write " + nearest;
-    }
-    return didYouMean(near);
   }
 
   std::size_t number_;
