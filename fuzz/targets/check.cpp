@@ -79,6 +79,7 @@ void requirePlace(const Finding& finding, const std::vector<std::string>& lines)
     require(lines.empty(), "only what is no text cannot be read");
     return;
   }
+  require(finding.editorLine >= 1 && finding.editorLine <= finding.line, "editors count no more lines");
   require(finding.line >= 1 && finding.line <= lines.size(), "a finding is in a line of its script");
   if (finding.rule != host::Rule::noCommand) {
     require(*finding.text == lines[finding.line - 1], "a finding has the line that it is in");

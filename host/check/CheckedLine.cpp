@@ -32,7 +32,8 @@ Finding CheckedLine::atWritten(Span part, Problem problem) const {
   }
   Finding finding{std::move(problem)};
   finding.script = script_;
-  finding.line = number_;
+  finding.line = number_.inRun;
+  finding.editorLine = number_.inEditor;
   finding.column = placeInText(*written_, part.begin).column;
   finding.endColumn = placeInText(*written_, part.end).column;
   finding.text = written_;

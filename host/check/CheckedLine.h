@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "host/check/Finding.h"
+#include "host/check/NumberedLines.h"
 #include "host/check/PreparedLine.h"
 
 namespace quobrak::host {
@@ -15,10 +16,8 @@ namespace quobrak::host {
 /// A line with its fields, and the findings that are made of it.
 class CheckedLine {
  public:
-  /// `line` and `fields` must outlive it; the fields are those of the line's text. `script` counts from 0, `number`
-  /// from 1.
-  CheckedLine(std::size_t script, std::size_t number, const PreparedLine& line,
-              std::span<const std::string_view> fields)
+  /// `line` and `fields` must outlive it; the fields are those of the line's text. `script` counts from 0.
+  CheckedLine(std::size_t script, LineNumber number, const PreparedLine& line, std::span<const std::string_view> fields)
       : script_(script), number_(number), line_(line), fields_(fields) {}
 
   std::span<const std::string_view> fields() const { return fields_; }
@@ -40,7 +39,7 @@ class CheckedLine {
   Span spanOf(std::size_t field) const;
 
   std::size_t script_;
-  std::size_t number_;
+  LineNumber number_;
   const PreparedLine& line_;
   std::span<const std::string_view> fields_;
   /// The line as it is written; made when it is first asked for.

@@ -45,6 +45,8 @@ struct Finding : Problem {
   std::size_t script = 0;
   /// As the run counts them, from 1.
   std::size_t line = 1;
+  /// As editors count them: a carriage return and the line feed behind it are one line end.
+  std::size_t editorLine = 1;
   /// In code points of the line as it is written, from 1: where it begins, and the first one behind it.
   std::size_t column = 1;
   std::size_t endColumn = 1;

@@ -45,6 +45,7 @@ std::string_view wordOf(Outcome outcome) {
 JSONValue dataOf(const Finding& finding, const ScriptSource& script) {
   return Object{{"file", repairedUTF8(script.name)},
                 {"line", number(finding.line)},
+                {"editorLine", number(finding.editorLine)},
                 {"column", number(finding.column)},
                 {"endColumn", number(finding.endColumn)},
                 {"severity", wordOf(finding.severity)},
@@ -88,7 +89,8 @@ std::string_view markedText(const Finding& finding) {
 }
 
 JSONValue resultObject(const Finding& finding, const ScriptSource& script) {
-  const JSONValue region = Object{{"startLine", number(finding.line)},
+  // Viewers divide texts into lines as editors do, whatever the log says.
+  const JSONValue region = Object{{"startLine", number(finding.editorLine)},
                                   {"startColumn", number(finding.column)},
                                   {"endColumn", number(finding.endColumn)},
                                   {"snippet", textObject(markedText(finding))}};
@@ -124,8 +126,8 @@ std::string asSARIF(std::span<const Finding> findings, std::span<const ScriptSou
   for (const Finding& finding : findings) {
     results.push_back(resultObject(finding, scripts[finding.script]));
   }
-  // As scripts are divided into lines.
-  const JSONValue newlines = Array{"\n", "\v", "\f", "\r", "\xC2\x85", "\xE2\x80\xA8", "\xE2\x80\xA9"};
+  // As scripts are divided into lines, but for a carriage return and a line feed.
+  const JSONValue newlines = Array{"\r\n", "\n", "\v", "\f", "\r", "\xC2\x85", "\xE2\x80\xA8", "\xE2\x80\xA9"};
   const JSONValue run =
       Object{{"tool", Object{{"driver", Object{{"name", "quobrak"}, {"rules", std::move(ruleObjects)}}}}},
              {"columnKind", "unicodeCodePoints"},

@@ -46,7 +46,7 @@ Excerpt excerptOf(const Finding& finding) {
                     std::string(std::max(last, end) < text.size() ? ELLIPSIS : "")};
 }
 
-std::string_view sentenceOf(const Finding& finding) {
+std::string sentenceOf(const Finding& finding) {
   if (finding.severity == Severity::warning) {
     return "";
   }
@@ -61,6 +61,14 @@ std::string_view sentenceOf(const Finding& finding) {
       return "";
   }
   return "";
+}
+
+/// Where editors count other lines than the run; empty where they do not.
+std::string editorLineOf(const Finding& finding) {
+  return finding.editorLine == finding.line ? ""
+                                            : "line " + std::to_string(finding.editorLine) +
+                                                  " in an editor: carriage return and line feed are two line ends for "
+                                                  "the run";
 }
 
 std::string counted(std::size_t count, const std::string& what) {
@@ -85,7 +93,7 @@ std::string inWords(const Finding& finding, const std::string& name, const Termi
         .append(displayWidth(excerpt.before), ' ')
         .append(terminal.styled(Style::green, mark) + "\n");
   }
-  for (const std::string_view line : {std::string_view(finding.hint), sentenceOf(finding)}) {
+  for (const std::string& line : {finding.hint, sentenceOf(finding), editorLineOf(finding)}) {
     if (!line.empty()) {
       text.append(INDENTATION).append(shown(line) + "\n");
     }

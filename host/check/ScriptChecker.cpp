@@ -5,8 +5,10 @@
 #include "host/check/ArgumentProblems.h"
 #include "host/check/CheckedLine.h"
 #include "host/check/LookAlikes.h"
+#include "host/check/NumberedLines.h"
 #include "host/check/RunNeeds.h"
 #include "host/check/TextFault.h"
+#include "host/check/UnknownNames.h"
 #include "host/terminal/NearestNames.h"
 #include "platform/foundation/Unicode.h"
 #include "quobrakUITests/CommandDispatch.h"
@@ -26,9 +28,9 @@ class ScriptChecker {
       : number_(number), context_(context), needs_(report_) {}
 
   ScriptReport check(std::string_view script) {
-    ScriptLines lines(script);
-    for (std::size_t number = 1; const auto written = lines.next(); ++number) {
-      checkLine(*written, number);
+    NumberedLines lines(script);
+    while (const std::optional<NumberedLine> line = lines.next()) {
+      checkLine(line->text, line->number);
     }
     if (!hasCommand_) {
       report_.findings.push_back(noCommand());
@@ -48,7 +50,7 @@ class ScriptChecker {
     return finding;
   }
 
-  void checkLine(std::string_view written, std::size_t number) {
+  void checkLine(std::string_view written, LineNumber number) {
     if (isSkipped(trimmedBlanks(written))) {
       return;
     }
@@ -130,36 +132,17 @@ class ScriptChecker {
       findArgumentProblems(line, *row, report_.findings);
       needs_.pass(line, *row);
     } else {
-      const std::vector<std::string_view> near = context_.commands.near(name);
-      report_.findings.push_back(line.atField(0, unknownCommand(name, near)));
-      if (!near.empty()) {
-        needs_.assumeDone(*context_.commands.find(near.front()));
+      UnknownName unknown = explained(name, context_.commands);
+      report_.findings.push_back(line.atField(0, {.rule = Rule::unknownCommand,
+                                                  .severity = Severity::error,
+                                                  .outcome = Outcome::failsScript,
+                                                  .stage = Stage::arguments,
+                                                  .message = unknownCommandMessage(name),
+                                                  .hint = std::move(unknown.hint)}));
+      if (unknown.meant != nullptr) {
+        needs_.assumeDone(*unknown.meant);
       }
     }
-  }
-
-  static Problem unknownCommand(std::string_view name, const std::vector<std::string_view>& near) {
-    return {.rule = Rule::unknownCommand,
-            .severity = Severity::error,
-            .outcome = Outcome::failsScript,
-            .stage = Stage::arguments,
-            .message = unknownCommandMessage(name),
-            .hint = hintForUnknown(name, near)};
-  }
-
-  static std::string hintForUnknown(std::string_view name, const std::vector<std::string_view>& near) {
-    if (near.empty()) {
-      return "";
-    }
-    const std::string nearest(near.front());
-    const std::string_view trimmed = trimmedBlanks(name);
-    if (trimmed == nearest) {
-      return "a blank before the comma belongs to the name: write " + nearest;
-    }
-    if (caseFolded(trimmed).text == caseFolded(nearest).text) {
-      return "small and capital letters differ: write " + nearest;
-    }
-    return didYouMean(near);
   }
 
   std::size_t number_;
@@ -182,7 +165,8 @@ ScriptReport unreadable(const ScriptSource& source, std::size_t number) {
                    .message = File::missingFileMessage(repairedUTF8(source.name)),
                    .hint = fault.words}};
   finding.script = number;
-  finding.line = fault.line;
+  finding.line = fault.line.inRun;
+  finding.editorLine = fault.line.inEditor;
   finding.column = fault.column;
   finding.endColumn = fault.column + 1;
   finding.text = std::make_shared<const std::string>(fault.text);

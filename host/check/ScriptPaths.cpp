@@ -4,7 +4,6 @@
 #include <cstdio>
 #include <filesystem>
 #include <iostream>
-#include <iterator>
 
 #include "host/Subcommand.h"
 #include "host/check/FileBytes.h"
@@ -20,15 +19,24 @@ bool isHidden(const fs::path& path) {
   return path.filename().string().starts_with('.');
 }
 
+bool hasResults(const fs::path& folder) {
+  std::error_code error;
+  return fs::exists(folder / RESULTS_MARKER, error);
+}
+
 /// The scripts below a folder.
 std::vector<fs::path> scriptsBelow(const fs::path& folder) {
+  if (hasResults(folder)) {
+    throw UseError("the folder " + shown(folder.string()) +
+                   " holds the results of a run: what is in it is not taken for scripts, unless it is named by itself");
+  }
   std::vector<fs::path> found;
   // What fails while it goes on is named by no error.
   fs::path at = folder;
   try {
     for (fs::recursive_directory_iterator entry(folder), end; entry != end; ++entry) {
       at = entry->path();
-      if (isHidden(entry->path())) {
+      if (isHidden(entry->path()) || hasResults(entry->path())) {
         entry.disable_recursion_pending();
       } else if (entry->path().extension() == ".txt" && entry->is_regular_file()) {
         found.push_back(entry->path());
@@ -49,8 +57,7 @@ ScriptSource fromFile(const fs::path& file) {
 }
 
 ScriptSource fromStandardInput() {
-  ScriptSource source{.name = STANDARD_INPUT,
-                      .bytes = {std::istreambuf_iterator<char>(std::cin), std::istreambuf_iterator<char>()}};
+  ScriptSource source{.name = STANDARD_INPUT, .bytes = bytesOf(std::cin, "standard input")};
   // std::cin reads by it, and tells an error as if the end had come.
   if (std::ferror(stdin) != 0) {
     throw EnvironmentError("standard input cannot be read");

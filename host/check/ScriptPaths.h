@@ -10,6 +10,9 @@ namespace quobrak::host {
 /// The path that stands for standard input.
 inline constexpr const char* STANDARD_INPUT = "-";
 
+/// The empty file that marks a folder of results: what a run leaves there in files ".txt" are no scripts.
+inline constexpr const char* RESULTS_MARKER = ".quobrak-results";
+
 /// Scripts, as somebody named them.
 struct NamedScripts {
   std::vector<ScriptSource> scripts;
@@ -18,8 +21,9 @@ struct NamedScripts {
 };
 
 /// Reads what the paths name: a file; in a folder all files below it whose names end in ".txt", by path in ascending
-/// order, but none that is hidden or in a hidden folder; or standard input. Throws `UseError` where nothing has that
-/// path, or no script is in a folder; `EnvironmentError` where something cannot be read.
+/// order, but none that is hidden, in a hidden folder or in a folder of results; or standard input. Throws `UseError`
+/// where nothing has that path, no script is in a folder, or a folder is one of results; `EnvironmentError` where
+/// something cannot be read.
 NamedScripts readScripts(const std::vector<std::string>& paths);
 
 }  // namespace quobrak::host

@@ -6,7 +6,6 @@
 
 #include "platform/foundation/TextPlace.h"
 #include "platform/foundation/Unicode.h"
-#include "quobrakUITests/ScriptLines.h"
 
 namespace quobrak::host {
 
@@ -53,7 +52,7 @@ std::optional<std::string> markedEncoding(std::string_view bytes) {
 
 TextFault textFaultIn(std::string_view bytes) {
   if (const std::optional<std::string> encoding = markedEncoding(bytes)) {
-    return {.line = 1,
+    return {.line = {},
             .column = 1,
             .words = "it begins as " + *encoding + ", and is ill-formed behind that: save it as UTF-8",
             .text = ""};
@@ -61,20 +60,20 @@ TextFault textFaultIn(std::string_view bytes) {
   bytes.remove_prefix(bytes.starts_with(MARK_OF_UTF8) ? MARK_OF_UTF8.size() : 0);
   const std::string text = repairedUTF8(bytes);
   const std::size_t at = firstIllFormed(bytes, text);
-  TextFault fault{.line = 1,
+  TextFault fault{.line = {},
                   .column = 1,
                   .words = "the byte " + inHexadecimal(bytes[at]) + " is no UTF-8: save the file as UTF-8",
                   .text = ""};
   // As many bytes before the place in both.
-  ScriptLines lines(text);
-  while (const auto line = lines.next()) {
-    const auto begin = static_cast<std::size_t>(line->data() - text.data());
-    if (begin + line->size() >= at) {
-      fault.column = placeInText(*line, at - begin).column;
-      fault.text = *line;
+  NumberedLines lines(text);
+  while (const std::optional<NumberedLine> line = lines.next()) {
+    const auto begin = static_cast<std::size_t>(line->text.data() - text.data());
+    if (begin + line->text.size() >= at) {
+      fault.line = line->number;
+      fault.column = placeInText(line->text, at - begin).column;
+      fault.text = line->text;
       return fault;
     }
-    ++fault.line;
   }
   return fault;
 }

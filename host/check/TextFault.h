@@ -4,12 +4,14 @@
 #include <string>
 #include <string_view>
 
+#include "host/check/NumberedLines.h"
+
 namespace quobrak::host {
 
 /// Why bytes are no text.
 struct TextFault {
-  /// Where they cease to be one, from 1, as scripts count lines and in code points.
-  std::size_t line = 1;
+  /// Where they cease to be one; the column in code points, from 1.
+  LineNumber line;
   std::size_t column = 1;
   /// What is wrong, and what would be right.
   std::string words;

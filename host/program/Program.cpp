@@ -1,5 +1,7 @@
 #include "host/program/Program.h"
 
+#include <sys/poll.h>
+
 #include <CLI/CLI.hpp>
 #include <iostream>
 #include <string_view>
@@ -20,6 +22,12 @@ constexpr int STANDARD_ERROR = 2;
 
 Terminal terminalAt(int descriptor) {
   return terminalOf(descriptor, ProcessInfo::environmentVariable);
+}
+
+/// Whether it leads to a program that reads no more, such as head, which has had what it wanted.
+bool hasLostItsReader(int descriptor) {
+  pollfd polled{.fd = descriptor, .events = 0, .revents = 0};
+  return ::poll(&polled, 1, 0) == 1 && (polled.revents & POLLERR) != 0;
 }
 
 ExitStatus complain(std::string_view text, ExitStatus status) {
@@ -64,7 +72,7 @@ ExitStatus obey(std::span<const Subcommand> subcommands, const std::vector<std::
 
 ExitStatus runProgram(std::span<const Subcommand> subcommands, const std::vector<std::string>& arguments) {
   const ExitStatus status = obey(subcommands, arguments);
-  if (std::cout.flush()) {
+  if (std::cout.flush() || hasLostItsReader(STANDARD_OUTPUT)) {
     return status;
   }
   const ExitStatus failure = complain("standard output cannot be written", ExitStatus::environmentFailed);

@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "host/Subcommand.h"
+#include "host/check/ScriptPaths.h"
 #include "host/run/Files.h"
 #include "host/terminal/Terminal.h"
 
@@ -25,6 +26,7 @@ namespace {
 
 constexpr const char* LOCK = ".lock";
 constexpr mode_t EVERYBODY_AS_ALLOWED = 0777;
+constexpr mode_t READ_AND_WRITE_AS_ALLOWED = 0666;
 
 std::string nameOf(const fs::path& folder) {
   return shown(folder.native());
@@ -34,13 +36,14 @@ std::string nameOf(const fs::path& folder) {
   throw EnvironmentError("the results cannot be written to " + nameOf(folder) + ": " + reason);
 }
 
-/// The names in the folder but that of the lock, sorted.
+/// The names in the folder but those of the lock and the marker, sorted.
 std::vector<std::string> contentsOf(const fs::path& folder) {
   std::vector<std::string> names;
   std::error_code error;
   for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
-    if (entry->path().filename() != LOCK) {
-      names.push_back(shown(entry->path().filename().native()));
+    const fs::path name = entry->path().filename();
+    if (name != LOCK && name != RESULTS_MARKER) {
+      names.push_back(shown(name.native()));
     }
   }
   if (error) {
@@ -77,26 +80,49 @@ void requireEmpty(const fs::path& folder) {
                  ": wait for its end, or choose another folder with --out");
 }
 
-/// The lock file, locked. One that is there already and locked by another run stays as it is.
-FileDescriptor lockFolder(const fs::path& folder) {
-  constexpr mode_t READ_AND_WRITE_AS_ALLOWED = 0666;
-  FileDescriptor lock(
-      ::open((folder / LOCK).c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, READ_AND_WRITE_AS_ALLOWED));
-  if (!lock.isOpen()) {
-    refuse(folder, reasonOf(errno));
-  }
-  if (::flock(lock.number(), LOCK_EX | LOCK_NB) != 0) {
-    if (errno == EWOULDBLOCK) {
-      refuseUsedFolder(folder, lock.number());
-    }
-    refuse(folder, reasonOf(errno));
-  }
-  return lock;
+/// Whether what is locked is the file of that name, and not one that the run before has removed at its end.
+bool isStillNamed(int lock, const fs::path& file) {
+  struct stat locked {};
+  struct stat named {};
+  return ::fstat(lock, &locked) == 0 && ::lstat(file.c_str(), &named) == 0 && locked.st_dev == named.st_dev &&
+         locked.st_ino == named.st_ino;
 }
 
-void writeProcessNumber(const fs::path& folder, int lock) {
+/// The lock file, locked. One that is there already and locked by another run stays as it is.
+FileDescriptor lockFolder(const fs::path& folder) {
+  const fs::path file = folder / LOCK;
+  while (true) {
+    FileDescriptor lock(::open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, READ_AND_WRITE_AS_ALLOWED));
+    if (!lock.isOpen()) {
+      refuse(folder, reasonOf(errno));
+    }
+    if (::flock(lock.number(), LOCK_EX | LOCK_NB) != 0) {
+      if (errno == EWOULDBLOCK) {
+        refuseUsedFolder(folder, lock.number());
+      }
+      refuse(folder, reasonOf(errno));
+    }
+    if (isStillNamed(lock.number(), file)) {
+      return lock;
+    }
+  }
+}
+
+bool writeProcessNumber(int lock) {
   const std::string number = std::to_string(::getpid());
-  if (::ftruncate(lock, 0) != 0 || ::pwrite(lock, number.data(), number.size(), 0) < 0) {
+  return ::ftruncate(lock, 0) == 0 && ::pwrite(lock, number.data(), number.size(), 0) >= 0;
+}
+
+/// Whether the marker is there: one of a run that left nothing else stays.
+bool markAsResults(const fs::path& folder) {
+  return FileDescriptor(::open((folder / RESULTS_MARKER).c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | O_NOFOLLOW,
+                               READ_AND_WRITE_AS_ALLOWED))
+      .isOpen();
+}
+
+/// `lock` is the lock file of the folder.
+void takeFolder(const fs::path& folder, int lock) {
+  if (!writeProcessNumber(lock) || !markAsResults(folder)) {
     const std::string reason = reasonOf(errno);
     ::unlink((folder / LOCK).c_str());
     refuse(folder, reason);
@@ -112,7 +138,7 @@ bool isLocked(const fs::path& folder) {
 }  // namespace
 
 OutputFolder::OutputFolder(fs::path folder) : path_(std::move(folder)), lock_(lockFolder(path_)) {
-  writeProcessNumber(path_, lock_.number());
+  takeFolder(path_, lock_.number());
 }
 
 OutputFolder::~OutputFolder() {

@@ -9,11 +9,13 @@
 namespace quobrak::host {
 
 /// The folder that receives all that a run leaves. It is this run's alone for as long as this object lives: a file
-/// `.lock` in it, which is locked and holds the number of this process, keeps others out.
+/// `.lock` in it, which is locked and holds the number of this process, keeps others out. It is marked as a folder of
+/// results, and stays so, so that nobody takes what is in it for scripts.
 class OutputFolder {
  public:
-  /// A folder that somebody chose: it must not exist yet, or be empty. Throws `UseError` where it holds anything or
-  /// another run uses it, and leaves it as it was; `EnvironmentError` where it cannot be made or written.
+  /// A folder that somebody chose: it must not exist yet, or be empty but for the mark. Throws `UseError` where it
+  /// holds anything or another run uses it, and leaves it as it was; `EnvironmentError` where it cannot be made or
+  /// written.
   static OutputFolder chosen(const std::filesystem::path& folder);
 
   /// A new folder in `parent`, which is made when missing. Its name is the time, as in "2026-03-01-140509", with "-2"
@@ -28,7 +30,7 @@ class OutputFolder {
   const std::filesystem::path& path() const { return path_; }
 
  private:
-  /// Locks an empty folder.
+  /// Locks an empty folder, and marks it.
   explicit OutputFolder(std::filesystem::path folder);
 
   std::filesystem::path path_;

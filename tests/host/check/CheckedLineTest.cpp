@@ -18,7 +18,7 @@ TEST(CheckedLine, TellsPlacesInCodePointsOfTheLineAsItIsWritten) {
   std::vector<std::string_view> fields;
   splitAtCommas(prepared.text(), fields);
   ASSERT_EQ(fields.size(), 4U);
-  const CheckedLine line(2, 7, prepared, fields);
+  const CheckedLine line(2, {.inRun = 7, .inEditor = 4}, prepared, fields);
   EXPECT_EQ(placeOf(line.atField(0, {})), "7:2-11");
   EXPECT_EQ(placeOf(line.atField(1, {})), "7:12-15");
   EXPECT_EQ(placeOf(line.atField(2, {})), "7:16-21");
@@ -32,6 +32,7 @@ TEST(CheckedLine, TellsPlacesInCodePointsOfTheLineAsItIsWritten) {
                                            .message = "m",
                                            .hint = "h"});
   EXPECT_EQ(finding.script, 2U);
+  EXPECT_EQ(finding.editorLine, 4U);
   EXPECT_EQ(*finding.text, written);
   EXPECT_EQ(testing::inShort(finding), "3/7:12-15 warning no-number: m (h)");
 }

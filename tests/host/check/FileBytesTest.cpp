@@ -1,6 +1,9 @@
 #include "host/check/FileBytes.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <array>
 
 #include "host/Subcommand.h"
 #include "tests/support/TemporaryFolder.h"
@@ -25,6 +28,27 @@ TEST(FileBytes, AreAllOfTheFile) {
     folder.write("file", content);
     EXPECT_EQ(fileBytes(folder.path() / "file"), content);
   }
+}
+
+TEST(FileBytes, AreNotMoreThanAScriptCanHave) {
+  const quobrak::testing::TemporaryFolder folder;
+  const std::filesystem::path file = folder.path() / "file";
+  folder.write("file", "");
+  std::filesystem::resize_file(file, MOST_BYTES);
+  EXPECT_EQ(fileBytes(file).size(), MOST_BYTES);
+  std::filesystem::resize_file(file, MOST_BYTES + 1);
+  EXPECT_EQ(errorFor(file),
+            "the file " + file.string() + " is too large: it has more than 256 MB, the most that is read");
+  EXPECT_EQ(errorFor("/dev/zero"), "the file /dev/zero is too large: it has more than 256 MB, the most that is read");
+}
+
+TEST(FileBytes, MayComeThroughAPipe) {
+  std::array<int, 2> ends{};
+  ASSERT_EQ(::pipe(ends.data()), 0);
+  ASSERT_EQ(::write(ends[1], "pause,1", 7), 7);
+  ::close(ends[1]);
+  EXPECT_EQ(fileBytes("/dev/fd/" + std::to_string(ends[0])), "pause,1");
+  ::close(ends[0]);
 }
 
 TEST(FileBytes, OfWhatCannotBeReadRaise) {

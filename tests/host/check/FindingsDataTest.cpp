@@ -11,7 +11,7 @@ namespace {
 
 using ::testing::ElementsAre;
 
-const std::vector<ScriptSource> SCRIPTS{{.name = "a folder/ü.txt", .bytes = "pause,😀x\npressHome,1"},
+const std::vector<ScriptSource> SCRIPTS{{.name = "a folder/ü.txt", .bytes = "pause,😀x\r\npressHome,1"},
                                         {.name = "/good.txt", .bytes = "pause,1"}};
 
 std::vector<std::string> keysOf(const JSONReader& object) {
@@ -25,10 +25,11 @@ std::vector<std::string> keysOf(const JSONReader& object) {
 TEST(FindingsData, AsJSONHaveNumbersAndFindings) {
   EXPECT_EQ(asJSON(check(SCRIPTS, {}), SCRIPTS),
             R"({"errors":1,"findings":[)"
-            R"({"column":7,"endColumn":9,"file":"a folder\/ü.txt","hint":"","line":1,)"
+            R"({"column":7,"editorLine":1,"endColumn":9,"file":"a folder\/ü.txt","hint":"","line":1,)"
             R"("message":"The pause duration 😀x should be a positive integer","outcome":"failsScript",)"
             R"("rule":"malformed-argument","severity":"error"},)"
-            R"({"column":11,"endColumn":12,"file":"a folder\/ü.txt","hint":"no argument contains a comma","line":2,)"
+            R"({"column":11,"editorLine":2,"endColumn":12,"file":"a folder\/ü.txt",)"
+            R"("hint":"no argument contains a comma","line":3,)"
             R"("message":"pressHome takes no arguments: what follows is ignored","outcome":"goesOn",)"
             R"("rule":"surplus-field","severity":"warning"}],"scripts":2,"warnings":1})");
   EXPECT_EQ(asJSON({}, {}), R"({"errors":0,"findings":[],"scripts":0,"warnings":0})");
@@ -44,7 +45,9 @@ TEST(FindingsData, AsSARIFHaveWhatTheFormatRequires) {
   const JSONReader run = reader.member("runs").elements().front();
   EXPECT_THAT(keysOf(run), ElementsAre("columnKind", "newlineSequences", "results", "tool"));
   EXPECT_EQ(run.member("columnKind").text(), "unicodeCodePoints");
-  EXPECT_EQ(run.member("newlineSequences").elements().size(), 7U);
+  const std::vector<JSONReader> newlines = run.member("newlineSequences").elements();
+  ASSERT_EQ(newlines.size(), 8U);
+  EXPECT_EQ(newlines.front().text(), "\r\n");
   EXPECT_EQ(run.member("tool").member("driver").member("name").text(), "quobrak");
 }
 
@@ -78,6 +81,15 @@ TEST(FindingsData, AsSARIFHaveTheirPlaces) {
   EXPECT_EQ(region.member("startColumn").integer(), 7);
   EXPECT_EQ(region.member("endColumn").integer(), 9);
   EXPECT_EQ(region.member("snippet").member("text").text(), "😀x");
+  EXPECT_EQ(results[1]
+                .member("locations")
+                .elements()
+                .front()
+                .member("physicalLocation")
+                .member("region")
+                .member("startLine")
+                .integer(),
+            2);
   EXPECT_EQ(results[1].member("level").text(), "warning");
   EXPECT_EQ(results[1].member("message").member("text").text(),
             "pressHome takes no arguments: what follows is ignored (no argument contains a comma)");

@@ -37,6 +37,26 @@ TEST(FindingsText, SaysThatTheRunIsAborted) {
             "    this aborts the run: nothing is told of its scripts, and no measure is written\n");
 }
 
+TEST(FindingsText, TellsTheLineInAnEditorWhereThatIsAnother) {
+  EXPECT_EQ(textFor("pause,x\r\npause,1\r\npause,4294968\n"),
+            "s.txt:1:7: error: The pause duration x should be a positive integer [malformed-argument]\n"
+            "    pause,x\n"
+            "          ^\n"
+            "s.txt:5:7: error: The pause of 4294968 ms cannot be slept in one piece: it must lie between 0 and 4294967 "
+            "ms [pause-out-of-range]\n"
+            "    pause,4294968\n"
+            "          ^~~~~~~\n"
+            "    this aborts the run: nothing is told of its scripts, and no measure is written\n"
+            "    line 3 in an editor: carriage return and line feed are two line ends for the run\n");
+  EXPECT_EQ(textFor("pause,1\r\n\xFF"),
+            "s.txt:3:1: error: The file s.txt is missing in the document directory [unreadable-text]\n"
+            "    \xEF\xBF\xBD\n"
+            "    ^\n"
+            "    the byte 0xFF is no UTF-8: save the file as UTF-8\n"
+            "    the run does not begin\n"
+            "    line 2 in an editor: carriage return and line feed are two line ends for the run\n");
+}
+
 TEST(FindingsText, PutsTheMarkBelowWideCharactersAndTabs) {
   EXPECT_EQ(textFor("\tclickByTextOnSystemPopup,設定, e\xCC\x81\t,x\n"),
             "s.txt:1:30: warning: clickByTextOnSystemPopup takes 1 argument: what follows is ignored [surplus-field]\n"

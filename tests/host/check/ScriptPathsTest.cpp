@@ -7,6 +7,7 @@
 
 #include <cstdio>
 #include <filesystem>
+#include <fstream>
 #include <iostream>
 #include <sstream>
 
@@ -72,12 +73,31 @@ TEST_F(ScriptPaths, OfFoldersAreTheScriptsBelowThem) {
   EXPECT_FALSE(isOrderKnown_);
 }
 
+TEST_F(ScriptPaths, AreNotLookedForAmongTheResultsOfARun) {
+  folder_.write("out/.quobrak-results", "");
+  folder_.write("out/iterations/001/scripts/001/x.txt", "X");
+  EXPECT_THAT(read({folder_.path().string()}), ElementsAre("a/z.txt Z", "b.txt B", "c.txt C"));
+  EXPECT_EQ(errorOf<UseError>(pathOf("out")), "the folder " + pathOf("out") +
+                                                  " holds the results of a run: what is in it is not taken for "
+                                                  "scripts, unless it is named by itself");
+  EXPECT_THAT(read({pathOf("out/iterations/001/scripts")}), ElementsAre("out/iterations/001/scripts/001/x.txt X"));
+}
+
 TEST_F(ScriptPaths, MayBeStandardInput) {
   std::istringstream input("pause,1\n");
   std::streambuf* const before = std::cin.rdbuf(input.rdbuf());
   EXPECT_THAT(read({"-"}), ElementsAre("- pause,1\n"));
   std::cin.rdbuf(before);
   EXPECT_TRUE(isOrderKnown_);
+}
+
+TEST_F(ScriptPaths, MustNotBeAStandardInputThatNeverEnds) {
+  std::filebuf zeros;
+  ASSERT_NE(zeros.open("/dev/zero", std::ios::in), nullptr);
+  std::streambuf* const before = std::cin.rdbuf(&zeros);
+  EXPECT_EQ(errorOf<EnvironmentError>("-"),
+            "standard input is too large: it has more than 256 MB, the most that is read");
+  std::cin.rdbuf(before);
 }
 
 TEST_F(ScriptPaths, MustNotBeAStandardInputThatFails) {

@@ -13,28 +13,30 @@ TEST(TextFault, IsAtTheFirstByteThatIsNoText) {
   struct Case {
     std::string bytes;
     std::size_t line;
+    std::size_t editorLine;
     std::size_t column;
     std::string words;
     std::string text;
   };
   const std::vector<Case> table{
-      {"\xE9", 1, 1, "the byte 0xE9 is no UTF-8: save the file as UTF-8", "\xEF\xBF\xBD"},
-      {"ü1\nüü,caf\xE9\nlast\xFF", 2, 7, "the byte 0xE9 is no UTF-8: save the file as UTF-8", "üü,caf\xEF\xBF\xBD"},
+      {"\xE9", 1, 1, 1, "the byte 0xE9 is no UTF-8: save the file as UTF-8", "\xEF\xBF\xBD"},
+      {"ü1\nüü,caf\xE9\nlast\xFF", 2, 2, 7, "the byte 0xE9 is no UTF-8: save the file as UTF-8", "üü,caf\xEF\xBF\xBD"},
       {"\xEF\xBB\xBF"
        "a\r\n\xC0",
-       3, 1, "the byte 0xC0 is no UTF-8: save the file as UTF-8", "\xEF\xBF\xBD"},
-      {"ab\xE2\x82", 1, 3, "the byte 0xE2 is no UTF-8: save the file as UTF-8", "ab\xEF\xBF\xBD"},
-      {"ab\x80\x80", 1, 3, "the byte 0x80 is no UTF-8: save the file as UTF-8", "ab\xEF\xBF\xBD\xEF\xBF\xBD"},
-      {"ab\xEF\xBF", 1, 3, "the byte 0xEF is no UTF-8: save the file as UTF-8", "ab\xEF\xBF\xBD"},
+       3, 2, 1, "the byte 0xC0 is no UTF-8: save the file as UTF-8", "\xEF\xBF\xBD"},
+      {"ab\xE2\x82", 1, 1, 3, "the byte 0xE2 is no UTF-8: save the file as UTF-8", "ab\xEF\xBF\xBD"},
+      {"ab\x80\x80", 1, 1, 3, "the byte 0x80 is no UTF-8: save the file as UTF-8", "ab\xEF\xBF\xBD\xEF\xBF\xBD"},
+      {"ab\xEF\xBF", 1, 1, 3, "the byte 0xEF is no UTF-8: save the file as UTF-8", "ab\xEF\xBF\xBD"},
       {"\xFF\xFE"
        "a",
-       1, 1, "it begins as UTF-16, and is ill-formed behind that: save it as UTF-8", ""},
-      {"\xFF\xFE\0\0a"s, 1, 1, "it begins as UTF-32, and is ill-formed behind that: save it as UTF-8", ""},
+       1, 1, 1, "it begins as UTF-16, and is ill-formed behind that: save it as UTF-8", ""},
+      {"\xFF\xFE\0\0a"s, 1, 1, 1, "it begins as UTF-32, and is ill-formed behind that: save it as UTF-8", ""},
   };
   for (const Case& one : table) {
     ASSERT_EQ(decodedText(one.bytes), std::nullopt);
     const TextFault fault = textFaultIn(one.bytes);
-    EXPECT_EQ(fault.line, one.line) << one.words;
+    EXPECT_EQ(fault.line.inRun, one.line) << one.words;
+    EXPECT_EQ(fault.line.inEditor, one.editorLine) << one.words;
     EXPECT_EQ(fault.column, one.column) << one.words;
     EXPECT_EQ(fault.words, one.words);
     EXPECT_EQ(fault.text, one.text);

@@ -44,7 +44,7 @@ TEST_F(RunResults, LieInAFolderForEachIteration) {
   EXPECT_EQ(end.out + end.err, "");
   const std::vector<std::string> made{"dump/dump.txt", "screenshots/001_Step_start.png",
                                       "screenshots/002_Step_stop.png", "screenshots/003_success.png"};
-  std::vector<std::string> expected{"Shop/order.txt", "out/junit.xml", "out/results.json"};
+  std::vector<std::string> expected{"Shop/order.txt", "out/.quobrak-results", "out/junit.xml", "out/results.json"};
   for (const auto& [iteration, number] : {std::pair{"iterations/001/", "1"}, std::pair{"warmups/001/", "0"}}) {
     const std::string documents = std::string("out/") + iteration;
     for (const char* file : {"measures/fernwick--Step-TIME.json", "output.txt", "scripts/001/order.txt",
@@ -165,6 +165,15 @@ TEST_F(RunResults, OfTheReferenceScript) {
       JSONReader(document).member("iterations").elements().at(0).member("scripts").elements().at(0);
   EXPECT_THAT(textsOf(script.member("steps"), "name"), ElementsAre("HomeReference", "SafariReference"));
   EXPECT_TRUE(fs::exists(folder.path() / "out/iterations/001/tests-results/TestReference/LaunchTest/iteration1"));
+}
+
+TEST_F(RunResults, AreNoScriptsOfTheNextRun) {
+  folder.write("Shop/order.txt", MEASURING);
+  start.arguments = {"run", "--quiet", "--clock", "virtual", "--phone", phone.path().string(), "."};
+  EXPECT_EQ(runExecutable(start).exitStatus, 0);
+  EXPECT_EQ(runExecutable(start).exitStatus, 0);
+  start.arguments = {"check", "."};
+  EXPECT_EQ(runExecutable(start).out, "1 script, 0 errors, 0 warnings\n");
 }
 
 TEST_F(RunResults, LieInAFolderWithTheTimeUnlessTold) {

@@ -2,8 +2,12 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <CLI/CLI.hpp>
+#include <array>
+#include <csignal>
+#include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
@@ -132,6 +136,43 @@ ExitStatus statusWithoutOutput(ExitStatus status) {
 TEST(Program, DoesNotSucceedWhereWhatItPrintsIsLost) {
   EXPECT_EQ(statusWithoutOutput(ExitStatus::success), ExitStatus::environmentFailed);
   EXPECT_EQ(statusWithoutOutput(ExitStatus::failed), ExitStatus::failed);
+}
+
+/// Standard output leads to a reader that has gone, for as long as this lives.
+class GoneReader {
+ public:
+  GoneReader() : before_(::dup(STDOUT_FILENO)), onSignal_(std::signal(SIGPIPE, SIG_IGN)) {
+    std::cout.flush();
+    std::array<int, 2> ends{};
+    EXPECT_EQ(::pipe(ends.data()), 0);
+    ::dup2(ends[1], STDOUT_FILENO);
+    ::close(ends[0]);
+    ::close(ends[1]);
+  }
+  ~GoneReader() {
+    std::cout.clear();
+    std::clearerr(stdout);
+    ::dup2(before_, STDOUT_FILENO);
+    ::close(before_);
+    std::signal(SIGPIPE, onSignal_);
+  }
+  GoneReader(const GoneReader&) = delete;
+  GoneReader& operator=(const GoneReader&) = delete;
+
+ private:
+  int before_;
+  sighandler_t onSignal_;
+};
+
+TEST(Program, SucceedsWhereItsReaderHasHadEnough) {
+  const GoneReader gone;
+  ::testing::internal::CaptureStderr();
+  const Subcommand subcommand = greeting([](const std::string&) {
+    std::cout << "Hello" << std::endl;
+    return ExitStatus::success;
+  });
+  EXPECT_EQ(runProgram(std::span(&subcommand, 1), {"greet", "Ada"}), ExitStatus::success);
+  EXPECT_EQ(::testing::internal::GetCapturedStderr(), "");
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "host/run/OutputFolder.h"
 
 #include <fcntl.h>
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/file.h>
 #include <unistd.h>
@@ -12,6 +13,7 @@ namespace quobrak::host {
 namespace {
 
 namespace fs = std::filesystem;
+using ::testing::ElementsAre;
 using testing::TemporaryFolder;
 
 class AnOutputFolder : public ::testing::Test {
@@ -31,7 +33,7 @@ class AnOutputFolder : public ::testing::Test {
   const fs::path out = folder.path() / "results/out";
 };
 
-TEST_F(AnOutputFolder, IsMadeAndLocked) {
+TEST_F(AnOutputFolder, IsMadeLockedAndMarked) {
   {
     const OutputFolder made = OutputFolder::chosen(out);
     EXPECT_EQ(made.path(), out);
@@ -39,12 +41,25 @@ TEST_F(AnOutputFolder, IsMadeAndLocked) {
     const FileDescriptor other(::open((out / ".lock").c_str(), O_RDWR | O_CLOEXEC));
     EXPECT_EQ(::flock(other.number(), LOCK_EX | LOCK_NB), -1);
   }
-  EXPECT_TRUE(fs::is_empty(out));
+  EXPECT_THAT(folder.files(), ElementsAre("results/out/.quobrak-results"));
 }
 
 TEST_F(AnOutputFolder, MayBeThereAndEmpty) {
   fs::create_directories(out);
   EXPECT_EQ(OutputFolder::chosen(out).path(), out);
+}
+
+TEST_F(AnOutputFolder, MayHoldTheMarkOfARunThatLeftNothing) {
+  OutputFolder::chosen(out);
+  EXPECT_EQ(OutputFolder::chosen(out).path(), out);
+}
+
+TEST_F(AnOutputFolder, ThatCannotBeMarkedIsToldAndLeftWithoutALock) {
+  fs::create_directories(out);
+  fs::create_symlink("elsewhere", out / ".quobrak-results");
+  EXPECT_EQ(errorOf<EnvironmentError>(out),
+            "the results cannot be written to " + out.string() + ": Too many levels of symbolic links");
+  EXPECT_FALSE(fs::exists(out / ".lock"));
 }
 
 TEST_F(AnOutputFolder, MayHoldTheLockOfARunThatIsNoMore) {
