@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <utility>
 
 #include "host/terminal/NearestNames.h"
@@ -14,6 +15,29 @@ namespace quobrak::host {
 namespace {
 
 constexpr std::array<std::string_view, 2> TRUTH_VALUES{"true", "false"};
+
+struct Quotes {
+  std::string_view opening;
+  std::string_view closing;
+};
+constexpr std::array QUOTES{Quotes{"\"", "\""}, Quotes{"'", "'"}, Quotes{"\u201C", "\u201D"},
+                            Quotes{"\u2018", "\u2019"}, Quotes{"\u201E", "\u201C"}};
+
+/// What stands between the quotes at both ends; none where one has none.
+std::optional<std::string_view> unquoted(std::string_view text) {
+  for (const Quotes& quotes : QUOTES) {
+    if (text.size() >= quotes.opening.size() + quotes.closing.size() && text.starts_with(quotes.opening) &&
+        text.ends_with(quotes.closing)) {
+      text.remove_prefix(quotes.opening.size());
+      text.remove_suffix(quotes.closing.size());
+      return text;
+    }
+  }
+  return std::nullopt;
+}
+
+/// The type in the words of XCTest, whose names scripts use without this beginning.
+constexpr std::string_view ELEMENT_TYPE = "XCUIElementType";
 
 /// What reading the argument raises; empty where it raises nothing.
 std::string readingFault(const ArgumentInfo& argument, FunctionParameters fields) {
@@ -39,6 +63,9 @@ std::string hintForMalformed(const ArgumentInfo& argument, FunctionParameters fi
   const std::string_view trimmed = trimmedBlanks(field);
   if (trimmed != field && couldBeReadAs(argument, fields, trimmed)) {
     return "a blank beside a comma belongs to the argument: write " + std::string(trimmed);
+  }
+  if (const auto inner = unquoted(trimmed); inner && couldBeReadAs(argument, fields, *inner)) {
+    return "the quotes belong to the argument: write " + std::string(*inner);
   }
   return argument.unit == Unit::truthValue ? didYouMean(nearestNames(field, TRUTH_VALUES)) : "";
 }
@@ -71,7 +98,8 @@ Rule ruleOf(Meaning meaning) {
 
 std::string hintForFault(const ArgumentInfo& argument, std::string_view field) {
   if (argument.meaning == Meaning::className) {
-    return didYouMean(nearestNames(field, Find::classNames()));
+    const bool isElementType = field.starts_with(ELEMENT_TYPE);
+    return didYouMean(nearestNames(field.substr(isElementType ? ELEMENT_TYPE.size() : 0), Find::classNames()));
   }
   if (argument.meaning == Meaning::pattern) {
     return "the status of the run says only: An unknown error occured while executing actions";
@@ -140,7 +168,7 @@ class ArgumentChecker {
       }
       if (line_.isUnknown(argument.field)) {
         areKnown_ = false;
-        checkBlanks(argument);
+        checkEnds(argument);
       } else {
         checkPresent(argument);
       }
@@ -183,10 +211,10 @@ class ArgumentChecker {
         return;
       }
     }
-    checkBlanks(argument);
+    checkEnds(argument);
   }
 
-  void checkBlanks(const ArgumentInfo& argument) {
+  void checkEnds(const ArgumentInfo& argument) {
     const std::string_view field = fields_[argument.field];
     const std::string label(argument.label);
     const std::string_view trimmed = trimmedBlanks(field);
@@ -199,6 +227,11 @@ class ArgumentChecker {
       findings_.push_back(line_.atField(
           argument.field, warning(Rule::blankBesideComma, "The argument " + label + " " + blanksInWords(field, trimmed),
                                   "a blank beside a comma belongs to the argument")));
+    }
+    if (unquoted(trimmed)) {
+      findings_.push_back(
+          line_.atField(argument.field, warning(Rule::quotedArgument, "The argument " + label + " stands in quotes",
+                                                "the quotes belong to the argument")));
     }
   }
 

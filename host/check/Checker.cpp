@@ -58,8 +58,8 @@ std::vector<Finding> check(std::span<const ScriptSource> scripts, const CheckOpt
     std::move(report.findings.begin(), report.findings.end(), std::back_inserter(findings));
   }
   std::stable_sort(findings.begin(), findings.end(), [](const Finding& left, const Finding& right) {
-    return std::tie(left.script, left.line, left.column, left.stage) <
-           std::tie(right.script, right.line, right.column, right.stage);
+    return std::tie(left.script, left.line, left.column, left.stage, left.rule) <
+           std::tie(right.script, right.line, right.column, right.stage, right.rule);
   });
   return findings;
 }

@@ -25,8 +25,9 @@ struct CheckOptions {
   bool isOrderKnown = true;
 };
 
-/// All problems of the scripts of one run, in the order of scripts, lines and columns. Nothing is run, and nothing but
-/// the arguments is looked at, so that a check says the same on every machine.
+/// All problems of the scripts of one run, in the order of scripts, lines and columns, and at one place of
+/// stages and rules. Nothing is run, and nothing but the arguments is looked at, so that a check says the same on every
+/// machine.
 ///
 /// A problem is told once, at the first line that meets it: what follows from it alone is left out. So lines behind an
 /// error are checked as if it had been mended.

@@ -10,6 +10,7 @@ namespace {
 constexpr std::array RULES{
     RuleInfo{Rule::unreadableText, "unreadable-text", "The file is no text that the run can read."},
     RuleInfo{Rule::noCommand, "no-command", "The script has no command."},
+    RuleInfo{Rule::controlCharacter, "control-character", "A command has a control character in its line."},
     RuleInfo{Rule::missingVariable, "missing-variable", "The script refers to a variable that is not set."},
     RuleInfo{Rule::endlessVariable, "endless-variable", "A variable refers to itself, so that the run never ends."},
     RuleInfo{Rule::unreplacedReference, "unreplaced-reference",
@@ -20,6 +21,7 @@ constexpr std::array RULES{
     RuleInfo{Rule::malformedArgument, "malformed-argument", "An argument cannot be read."},
     RuleInfo{Rule::emptyArgument, "empty-argument", "An argument is there, but empty."},
     RuleInfo{Rule::blankBesideComma, "blank-beside-comma", "A blank beside a comma belongs to the argument."},
+    RuleInfo{Rule::quotedArgument, "quoted-argument", "The quotes around an argument belong to it."},
     RuleInfo{Rule::surplusField, "surplus-field", "A command gets more arguments than it reads."},
     RuleInfo{Rule::noApplication, "no-application", "A command acts on an application before one is started."},
     RuleInfo{Rule::nothingFoundYet, "nothing-found-yet", "The last element found is tapped before any search."},

@@ -9,6 +9,7 @@ namespace quobrak::host {
 enum class Rule {
   unreadableText,
   noCommand,
+  controlCharacter,
   missingVariable,
   endlessVariable,
   unreplacedReference,
@@ -18,6 +19,7 @@ enum class Rule {
   malformedArgument,
   emptyArgument,
   blankBesideComma,
+  quotedArgument,
   surplusField,
   noApplication,
   nothingFoundYet,

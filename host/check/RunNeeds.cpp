@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/foundation/Unicode.h"
 #include "quobrakUITests/Click.h"
 #include "quobrakUITests/Probe.h"
 #include "quobrakUITests/TestContext.h"
@@ -32,6 +33,15 @@ Problem stepWarning(Rule rule, std::string message, std::string hint) {
 Problem replacedStep(const std::string& open) {
   return stepWarning(Rule::replacedStep, open + " is still open: it is dropped here, and leaves no measure",
                      "end it with measureStop before this line");
+}
+
+/// `nameArgument` is null where the line lacks it.
+std::string stepInWords(const CheckedLine& line, const ArgumentInfo* nameArgument) {
+  if (nameArgument == nullptr || line.isUnknown(nameArgument->field)) {
+    return "This step";
+  }
+  const std::string_view name = line.fields()[nameArgument->field];
+  return trimmedBlanks(name).empty() ? "The step without a name" : "The step " + std::string(name);
 }
 
 }  // namespace
@@ -90,9 +100,7 @@ void RunNeeds::passStep(const CheckedLine& line, const CommandRow& row) {
 }
 
 void RunNeeds::beginStep(const CheckedLine& line, const ArgumentInfo* nameArgument) {
-  std::string name = nameArgument == nullptr || line.isUnknown(nameArgument->field)
-                         ? "This step"
-                         : "The step " + std::string(line.fields()[nameArgument->field]);
+  std::string name = stepInWords(line, nameArgument);
   const std::size_t field = nameArgument == nullptr ? 0 : nameArgument->field;
   if (step_ == Step::open) {
     report_.findings.push_back(line.atField(field, replacedStep(openStep_)));

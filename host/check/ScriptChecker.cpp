@@ -4,6 +4,7 @@
 
 #include "host/check/ArgumentProblems.h"
 #include "host/check/CheckedLine.h"
+#include "host/check/HiddenCharacters.h"
 #include "host/check/LookAlikes.h"
 #include "host/check/NumberedLines.h"
 #include "host/check/RunNeeds.h"
@@ -60,6 +61,7 @@ class ScriptChecker {
     tellOfReferences(line, prepared);
     if (!isSkipped(prepared.text())) {
       hasCommand_ = true;
+      tellOfControlCharacter(line, written);
       checkCommand(line);
     }
   }
@@ -77,6 +79,20 @@ class ScriptChecker {
                         .message = alike.text + " is no reference to a variable, and stays as it is",
                         .hint = alike.meant.empty() ? "names of variables are made of letters, digits and _"
                                                     : "a reference is written " + alike.meant}));
+    }
+  }
+
+  void tellOfControlCharacter(const CheckedLine& line, std::string_view written) {
+    if (const std::optional<std::string_view> character = firstControl(written)) {
+      const auto begin = static_cast<std::size_t>(character->data() - written.data());
+      report_.findings.push_back(
+          line.atWritten({.begin = begin, .end = begin + character->size()},
+                         {.rule = Rule::controlCharacter,
+                          .severity = Severity::warning,
+                          .outcome = Outcome::goesOn,
+                          .stage = Stage::never,
+                          .message = "The line holds the control character " + numberOf(*character),
+                          .hint = "it belongs to the name or the argument in which it stands"}));
     }
   }
 

@@ -68,6 +68,9 @@ ScriptSource fromStandardInput() {
 }  // namespace
 
 NamedScripts readScripts(const std::vector<std::string>& paths) {
+  if (std::count(paths.begin(), paths.end(), STANDARD_INPUT) > 1) {
+    throw UseError("standard input can be read once only");
+  }
   NamedScripts named;
   for (const std::string& path : paths) {
     std::error_code error;

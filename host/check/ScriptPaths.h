@@ -22,8 +22,8 @@ struct NamedScripts {
 
 /// Reads what the paths name: a file; in a folder all files below it whose names end in ".txt", by path in ascending
 /// order, but none that is hidden, in a hidden folder or in a folder of results; or standard input. Throws `UseError`
-/// where nothing has that path, no script is in a folder, or a folder is one of results; `EnvironmentError` where
-/// something cannot be read.
+/// where nothing has that path, no script is in a folder, a folder is one of results, or standard input is named twice;
+/// `EnvironmentError` where something cannot be read.
 NamedScripts readScripts(const std::vector<std::string>& paths);
 
 }  // namespace quobrak::host

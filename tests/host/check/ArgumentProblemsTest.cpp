@@ -44,6 +44,44 @@ TEST(ArgumentProblems, AreNoneWhereArgumentsWillDo) {
                   {"pressHome", {}}});
 }
 
+TEST(ArgumentProblems, ThatAreTypesOfElementsForClasses) {
+  expectFindings({
+      {"findByClass,XCUIElementTypeButton",
+       {"2:13-34 error unknown-class: The expected class XCUIElementTypeButton does not exist (did you mean Button?)"}},
+      {"findByClass,XCUIElementTypeSpaceship",
+       {"2:13-37 error unknown-class: The expected class XCUIElementTypeSpaceship does not exist"}},
+      {"findByClass,XCUIElementType",
+       {"2:13-28 error unknown-class: The expected class XCUIElementType does not exist"}},
+  });
+}
+
+TEST(ArgumentProblems, ThatAreQuotes) {
+  const std::string quoted =
+      " warning quoted-argument: The argument selector stands in quotes (the quotes belong to "
+      "the argument)";
+  expectFindings({
+      {"clickByText,\"Browse products\"", {"2:13-30" + quoted}},
+      {"clickByText,'a'", {"2:13-16" + quoted}},
+      {"clickByText,\u201Ca\u201D", {"2:13-16" + quoted}},
+      {"clickByText,\u2018a\u2019", {"2:13-16" + quoted}},
+      {"clickByText,\u201Ea\u201C", {"2:13-16" + quoted}},
+      {"clickByText,\"\"", {"2:13-15" + quoted}},
+      {"clickByText, 'a'",
+       {"2:13-17 warning blank-beside-comma: The argument selector begins with a blank (a blank beside a comma belongs "
+        "to the argument)",
+        "2:13-17" + quoted}},
+      {"pause,\"5\"",
+       {"2:7-10 error malformed-argument: The pause duration \"5\" should be a positive integer (the quotes belong to "
+        "the argument: write 5)"}},
+      {"pause,\"x\"", {"2:7-10 error malformed-argument: The pause duration \"x\" should be a positive integer"}},
+      {"clickByText,\"a", {}},
+      {"clickByText,a\"", {}},
+      {"clickByText,\"", {}},
+      {"clickByText,say \"a\"", {}},
+      {"clickByText,'a\"", {}},
+  });
+}
+
 TEST(ArgumentProblems, ThatAreMissingArguments) {
   expectFindings({
       {"clickByText",

@@ -38,6 +38,14 @@ TEST(Checker, GoesByScriptsLinesAndColumns) {
                           "2/2:7-8 error malformed-argument: The pause duration z should be a positive integer"));
 }
 
+TEST(Checker, GoesByRulesAtOnePlace) {
+  EXPECT_THAT(testing::findingsIn("measureStart,A\nmeasureStart,B"),
+              ElementsAre("2:14-15 warning replaced-step: The step A is still open: it is dropped here, and leaves no "
+                          "measure (end it with measureStop before this line)",
+                          "2:14-15 warning never-stopped: The step B is never stopped, and leaves no measure (end it "
+                          "with measureStop)"));
+}
+
 TEST(Checker, KnowsTheVariablesThatTheHostSets) {
   EXPECT_THAT(
       findingsInRun({"pause,1${class}${iteration}${testFileNumber}${testFileSuiteName1}${testFilePath2}", "pause,1"}),

@@ -69,7 +69,11 @@ TEST(FindingsText, ShowsControlCharactersAsSigns) {
   EXPECT_EQ(textFor("pause,1\x1b[31m\x7F\n"),
             "s.txt:1:7: error: The pause duration 1␛[31m␡ should be a positive integer [malformed-argument]\n"
             "    pause,1␛[31m␡\n"
-            "          ^~~~~~~\n");
+            "          ^~~~~~~\n"
+            "s.txt:1:8: warning: The line holds the control character U+001B [control-character]\n"
+            "    pause,1␛[31m␡\n"
+            "           ^\n"
+            "    it belongs to the name or the argument in which it stands\n");
 }
 
 TEST(FindingsText, CutsLongLines) {

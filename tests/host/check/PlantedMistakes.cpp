@@ -65,6 +65,15 @@ constexpr std::array MISTAKES{
             ":13-21 warning blank-beside-comma: The argument selector begins with a blank (a blank beside a comma "
             "belongs to the argument)"},
     Mistake{
+        "clickByText,\"WORD\"",
+        ":13-22 warning quoted-argument: The argument selector stands in quotes (the quotes belong to the argument)"},
+    Mistake{"clickByText,\x1bWORD",
+            ":13-14 warning control-character: The line holds the control character U+001B (it belongs to the name or "
+            "the argument in which it stands)"},
+    Mistake{"pause 1000",
+            ":1-11 error unknown-command: Function pause 1000 is not implemented (did you mean pause? Arguments stand "
+            "behind commas: pause,timeMillis)"},
+    Mistake{
         "clickByText,",
         ":13-13 warning empty-argument: The argument selector is empty (an empty text is a part of none: nothing is "
         "found)"},

@@ -72,6 +72,17 @@ TEST(RunNeeds, TellOfSteps) {
                           "with measureStop)"));
 }
 
+TEST(RunNeeds, TellOfStepsWithoutAName) {
+  const std::string empty = "-14 warning empty-argument: The argument stepName is empty";
+  EXPECT_THAT(findingsIn("measureStart,\nmeasureStart,B\nmeasureStop\nmeasureStart,"),
+              ElementsAre("1:14" + empty,
+                          "2:14-15 warning replaced-step: The step without a name is still open: it is dropped here, "
+                          "and leaves no measure (end it with measureStop before this line)",
+                          "4:14" + empty,
+                          "4:14-14 warning never-stopped: The step without a name is never stopped, and leaves no "
+                          "measure (end it with measureStop)"));
+}
+
 TEST(RunNeeds, TakeWhatWasMeantForDone) {
   EXPECT_THAT(findingsIn("aplicationStart,a\nclickByText,a\nmeasurStart,A\nmeasureStop"),
               ElementsAre("1:1-16 error unknown-command: Function aplicationStart is not implemented (did you mean "

@@ -88,6 +88,16 @@ TEST(ScriptChecker, RunsValuesThatAreLinesByThemselves) {
                           "4:1-9 error unknown-command: Function   is not implemented"));
 }
 
+TEST(ScriptChecker, TellsOfControlCharacters) {
+  using namespace std::string_literals;
+  const std::string hint = " (it belongs to the name or the argument in which it stands)";
+  EXPECT_THAT(findingsIn(START + "enterText,é\0\x1b\npressHome\t\n# \x1b[0m\n\x1b\nclickByText,\u0080"s),
+              ElementsAre("2:12-13 warning control-character: The line holds the control character U+0000" + hint,
+                          "5:1-2 error unknown-command: Function \x1b is not implemented",
+                          "5:1-2 warning control-character: The line holds the control character U+001B" + hint,
+                          "6:13-14 warning control-character: The line holds the control character U+0080" + hint));
+}
+
 TEST(ScriptChecker, TellsOfScriptsWithoutACommand) {
   const std::string finding = "1:1-1 warning no-command: The script has no command (it succeeds, and does nothing)";
   EXPECT_THAT(findingsIn(""), ElementsAre(finding));

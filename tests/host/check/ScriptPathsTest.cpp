@@ -91,6 +91,16 @@ TEST_F(ScriptPaths, MayBeStandardInput) {
   EXPECT_TRUE(isOrderKnown_);
 }
 
+TEST_F(ScriptPaths, MustNotBeStandardInputTwice) {
+  const std::vector<std::string> paths{"-", pathOf("b.txt"), "-"};
+  try {
+    readScripts(paths);
+    FAIL() << "it was read twice";
+  } catch (const UseError& error) {
+    EXPECT_STREQ(error.what(), "standard input can be read once only");
+  }
+}
+
 TEST_F(ScriptPaths, MustNotBeAStandardInputThatNeverEnds) {
   std::filebuf zeros;
   ASSERT_NE(zeros.open("/dev/zero", std::ios::in), nullptr);
