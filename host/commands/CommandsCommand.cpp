@@ -115,9 +115,9 @@ Subcommand commandsSubcommand() {
                    {.line = "quobrak commands --format json", .purpose = "all that is known of all, for an editor"}},
       .declare = declare,
       .offeredValues = {{.option = "NAME", .values = {names.begin(), names.end()}}},
-      .exitMeanings = {
-          {.status = ExitStatus::success, .meaning = "The commands were explained"},
-          {.status = ExitStatus::badUse, .meaning = "The command line cannot be used; a name is no command's"}}};
+      .exitMeanings = {{.status = ExitStatus::success, .meaning = "The commands were explained"},
+                       {.status = ExitStatus::badUse,
+                        .meaning = "The command line cannot be used, or there is no command of a name"}}};
 }
 
 }  // namespace quobrak::host

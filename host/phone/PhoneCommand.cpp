@@ -251,6 +251,9 @@ ExitStatus showScreen(PhoneDescription phone, const Options& options, const std:
   std::cout << (options.isForPrograms()
                     ? JSONEncoder::encode(screenDocument(screen, selector, matches)) + "\n"
                     : textOf(screen, selector, matches, terminalOf(1, ProcessInfo::environmentVariable)));
+  if (options.picture && !options.isForPrograms()) {
+    std::cout << "\nPicture: " << shown(*options.picture) << "\n";
+  }
   return selector && matches.empty() ? ExitStatus::failed : ExitStatus::success;
 }
 

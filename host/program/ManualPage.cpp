@@ -40,6 +40,8 @@ class Page {
     const std::string name = pageName(command);
     // No date: the page is made at each build, and says what the program of that build does.
     line(".TH " + upper(escaped(name)) + " 1 \"\" \"" + version + "\" \"quobrak\"");
+    // Names of programs have hyphens of their own, and words to search for stay whole.
+    line(".nh");
     section("NAME");
     line(escaped(name) + " \\- " + escaped(command.summary));
     section("SYNOPSIS");

@@ -161,7 +161,9 @@ TEST_F(PhoneCommandTest, DisabledElementsAreFoundWhereTheyAreAskedFor) {
 }
 
 TEST_F(PhoneCommandTest, DrawsTheScreenAndFramesWhatIsFound) {
-  EXPECT_EQ(runOnPhone({"--screen", "start", "--picture", file("plain.png")}).status, ExitStatus::success);
+  const Outcome plain = runOnPhone({"--screen", "start", "--picture", file("plain.png")});
+  EXPECT_EQ(plain.status, ExitStatus::success);
+  EXPECT_THAT(plain.out, EndsWith("\nPicture: " + file("plain.png") + "\n"));
   runOnPhone({"--screen", "start", "--text", "basket", "--picture", file("framed.png")});
   EXPECT_NE(folder.read("plain.png"), folder.read("framed.png"));
   runOnPhone({"--screen", "start", "--text", "zzz", "--picture", file("framed.png")});

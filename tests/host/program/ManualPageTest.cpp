@@ -25,6 +25,7 @@ std::string shownByMan(const std::string& page) {
 
 TEST(ManualPage, OfASubcommand) {
   EXPECT_EQ(manualOfSubcommand(samplePaint(), "quobrak 1.2.3"), R"(.TH QUOBRAK\-PAINT 1 "" "quobrak 1.2.3" "quobrak"
+.nh
 .SH NAME
 quobrak\-paint \- Paints what a file says
 .SH SYNOPSIS
