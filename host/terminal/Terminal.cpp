@@ -51,9 +51,10 @@ std::size_t columnsOfCharacters(std::string_view text) {
   return columns;
 }
 
-std::size_t widthOf(int descriptor, std::size_t fallback) {
+Stream streamAt(int descriptor) {
   winsize size{};
-  return ::ioctl(descriptor, TIOCGWINSZ, &size) == 0 && size.ws_col > 0 ? size.ws_col : fallback;
+  const bool tellsSize = ::ioctl(descriptor, TIOCGWINSZ, &size) == 0;
+  return {.isTerminal = ::isatty(descriptor) == 1, .columns = tellsSize ? std::size_t{size.ws_col} : 0};
 }
 
 /// What shows a control character; any other one is itself.
@@ -83,14 +84,17 @@ std::string Terminal::styled(Style style, std::string_view text) const {
   return begin + std::string(CODES.at(static_cast<std::size_t>(style))) + "m" + std::string(text) + begin + "0m";
 }
 
-Terminal terminalOf(int descriptor, const std::function<std::optional<std::string>(const std::string&)>& variable) {
-  const bool isTerminal = ::isatty(descriptor) == 1;
+Terminal terminalOf(const Stream& stream, const EnvironmentVariable& variable) {
   const bool isDumb = variable("TERM").value_or("dumb") == "dumb";
   const bool isColourUnwanted = !variable("NO_COLOR").value_or("").empty();
   const bool isColourForced = variable("CLICOLOR_FORCE").value_or("0") != "0";
-  return {.isInteractive = isTerminal && !isDumb,
-          .hasColour = (isColourForced || (isTerminal && !isDumb)) && !isColourUnwanted,
-          .width = widthOf(descriptor, Terminal().width)};
+  return {.isInteractive = stream.isTerminal && !isDumb,
+          .hasColour = (isColourForced || (stream.isTerminal && !isDumb)) && !isColourUnwanted,
+          .width = stream.columns > 0 ? stream.columns : Terminal().width};
+}
+
+Terminal terminalOf(int descriptor, const EnvironmentVariable& variable) {
+  return terminalOf(streamAt(descriptor), variable);
 }
 
 std::size_t displayWidth(std::string_view text) {

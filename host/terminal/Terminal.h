@@ -23,10 +23,21 @@ struct Terminal {
   std::string styled(Style style, std::string_view text) const;
 };
 
-/// What the open descriptor leads to (1 is standard output, 2 standard error). Colour is off where the environment has
-/// NO_COLOR (not empty), whatever it leads to; otherwise on where it has CLICOLOR_FORCE (not 0), or where a terminal is
-/// that TERM does not call dumb.
-Terminal terminalOf(int descriptor, const std::function<std::optional<std::string>(const std::string&)>& variable);
+using EnvironmentVariable = std::function<std::optional<std::string>(const std::string&)>;
+
+/// What the system tells of a stream.
+struct Stream {
+  bool isTerminal = false;
+  /// 0 where it does not tell.
+  std::size_t columns = 0;
+};
+
+/// What a stream leads to. Colour is off where the environment has NO_COLOR (not empty), whatever it leads to;
+/// otherwise on where it has CLICOLOR_FORCE (not 0), or where a terminal is that TERM does not call dumb.
+Terminal terminalOf(const Stream& stream, const EnvironmentVariable& variable);
+
+/// The same for an open descriptor (1 is standard output, 2 standard error).
+Terminal terminalOf(int descriptor, const EnvironmentVariable& variable);
 
 /// How many columns of a terminal the text takes: wide characters take two, combining ones none. Sequences that choose
 /// a style take none. Control characters take none.

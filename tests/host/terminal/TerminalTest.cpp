@@ -5,6 +5,8 @@
 #include <pty.h>
 #include <unistd.h>
 
+#include <cstdlib>
+#include <iostream>
 #include <map>
 
 namespace quobrak::host {
@@ -12,75 +14,73 @@ namespace {
 
 using Variables = std::map<std::string, std::string>;
 
-Terminal terminalWith(int descriptor, const Variables& variables) {
-  return terminalOf(descriptor, [&variables](const std::string& name) {
+EnvironmentVariable among(const Variables& variables) {
+  return [&variables](const std::string& name) {
     const auto found = variables.find(name);
     return found == variables.end() ? std::nullopt : std::optional(found->second);
-  });
+  };
 }
 
-/// The side of a pseudo terminal that a program writes to.
-class PseudoTerminal {
- public:
-  explicit PseudoTerminal(unsigned short columns) {
-    const winsize size{.ws_row = 24, .ws_col = columns, .ws_xpixel = 0, .ws_ypixel = 0};
-    EXPECT_EQ(::openpty(&controller_, &terminal_, nullptr, nullptr, &size), 0);
-  }
-  ~PseudoTerminal() {
-    ::close(controller_);
-    ::close(terminal_);
-  }
-  PseudoTerminal(const PseudoTerminal&) = delete;
-  PseudoTerminal& operator=(const PseudoTerminal&) = delete;
+constexpr Stream PERSON{.isTerminal = true, .columns = 123};
+constexpr Stream NOBODY{.isTerminal = false, .columns = 0};
 
-  int descriptor() const { return terminal_; }
-
- private:
-  int controller_ = -1;
-  int terminal_ = -1;
-};
+Terminal terminalWith(const Stream& stream, const Variables& variables) {
+  return terminalOf(stream, among(variables));
+}
 
 TEST(Terminal, IsInteractiveAndHasColourWhereATerminalIs) {
-  const PseudoTerminal pseudo(123);
-  const Terminal terminal = terminalWith(pseudo.descriptor(), {{"TERM", "xterm"}});
+  const Terminal terminal = terminalWith(PERSON, {{"TERM", "xterm"}});
   EXPECT_TRUE(terminal.isInteractive);
   EXPECT_TRUE(terminal.hasColour);
   EXPECT_EQ(terminal.width, 123U);
 }
 
 TEST(Terminal, HasNoColourWhereItIsUnwanted) {
-  const PseudoTerminal pseudo(80);
-  EXPECT_FALSE(terminalWith(pseudo.descriptor(), {{"TERM", "xterm"}, {"NO_COLOR", "1"}}).hasColour);
-  EXPECT_TRUE(terminalWith(pseudo.descriptor(), {{"TERM", "xterm"}, {"NO_COLOR", ""}}).hasColour);
+  EXPECT_FALSE(terminalWith(PERSON, {{"TERM", "xterm"}, {"NO_COLOR", "1"}}).hasColour);
+  EXPECT_TRUE(terminalWith(PERSON, {{"TERM", "xterm"}, {"NO_COLOR", ""}}).hasColour);
 }
 
 TEST(Terminal, HasColourWhereItIsForced) {
-  const int file = ::open("/dev/null", O_WRONLY | O_CLOEXEC);
-  EXPECT_TRUE(terminalWith(file, {{"CLICOLOR_FORCE", "1"}}).hasColour);
-  EXPECT_FALSE(terminalWith(file, {{"CLICOLOR_FORCE", "1"}}).isInteractive);
-  EXPECT_FALSE(terminalWith(file, {{"CLICOLOR_FORCE", "0"}}).hasColour);
-  EXPECT_FALSE(terminalWith(file, {{"CLICOLOR_FORCE", "1"}, {"NO_COLOR", "1"}}).hasColour);
-  ::close(file);
+  EXPECT_TRUE(terminalWith(NOBODY, {{"CLICOLOR_FORCE", "1"}}).hasColour);
+  EXPECT_FALSE(terminalWith(NOBODY, {{"CLICOLOR_FORCE", "1"}}).isInteractive);
+  EXPECT_FALSE(terminalWith(NOBODY, {{"CLICOLOR_FORCE", "0"}}).hasColour);
+  EXPECT_FALSE(terminalWith(NOBODY, {{"CLICOLOR_FORCE", "1"}, {"NO_COLOR", "1"}}).hasColour);
 }
 
 TEST(Terminal, IsNotInteractiveWhereItIsDumbOrUnknown) {
-  const PseudoTerminal pseudo(80);
-  EXPECT_FALSE(terminalWith(pseudo.descriptor(), {{"TERM", "dumb"}}).isInteractive);
-  EXPECT_FALSE(terminalWith(pseudo.descriptor(), {}).isInteractive);
+  EXPECT_FALSE(terminalWith(PERSON, {{"TERM", "dumb"}}).isInteractive);
+  EXPECT_FALSE(terminalWith(PERSON, {}).isInteractive);
 }
 
-TEST(Terminal, IsNoTerminalWhereAFileIs) {
+TEST(Terminal, IsNoneWhereAFileIs) {
   const int file = ::open("/dev/null", O_WRONLY | O_CLOEXEC);
-  const Terminal terminal = terminalWith(file, {{"TERM", "xterm"}});
+  const Variables variables{{"TERM", "xterm"}};
+  const Terminal terminal = terminalOf(file, among(variables));
   ::close(file);
   EXPECT_FALSE(terminal.isInteractive);
   EXPECT_FALSE(terminal.hasColour);
   EXPECT_EQ(terminal.width, 80U);
 }
 
-TEST(Terminal, UsesTheUsualWidthWhereATerminalDoesNotTellIts) {
-  const PseudoTerminal pseudo(0);
-  EXPECT_EQ(terminalWith(pseudo.descriptor(), {{"TERM", "xterm"}}).width, 80U);
+TEST(Terminal, IsKnownByItsDescriptor) {
+  const winsize size{.ws_row = 24, .ws_col = 99, .ws_xpixel = 0, .ws_ypixel = 0};
+  int controller = -1;
+  int pseudoTerminal = -1;
+  if (::openpty(&controller, &pseudoTerminal, nullptr, nullptr, &size) != 0) {
+    std::cout << "skipped: this machine has no pseudo terminals" << std::endl;
+    constexpr int SKIPPED = 77;
+    std::exit(SKIPPED);
+  }
+  const Variables variables{{"TERM", "xterm"}};
+  const Terminal terminal = terminalOf(pseudoTerminal, among(variables));
+  ::close(controller);
+  ::close(pseudoTerminal);
+  EXPECT_TRUE(terminal.isInteractive);
+  EXPECT_EQ(terminal.width, 99U);
+}
+
+TEST(Terminal, HasTheUsualWidthWhereItDoesNotTellIts) {
+  EXPECT_EQ(terminalWith({.isTerminal = true, .columns = 0}, {{"TERM", "xterm"}}).width, 80U);
 }
 
 TEST(Terminal, StylesTextOnlyWhereThereIsColour) {
