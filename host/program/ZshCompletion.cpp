@@ -6,7 +6,7 @@ namespace quobrak::host {
 
 namespace {
 
-/// In a specification of `_arguments` a colon ends a part, and a bracket an explanation.
+/// In an entry of `_arguments` a colon ends a part, and a bracket an explanation.
 std::string escaped(std::string text) {
   for (const char* const special : {"\\", ":", "[", "]"}) {
     text = withReplaced(std::move(text), special, std::string("\\") + special);
@@ -45,52 +45,51 @@ std::string valueOf(const DeclaredOption& option) {
 }
 
 /// "'(-q --quiet)-q[Shows less]'", one for each name. An option that repeats does not exclude itself.
-std::vector<std::string> specificationsOf(const DeclaredOption& option) {
+std::vector<std::string> entriesOf(const DeclaredOption& option) {
   std::string all;
   for (const std::string& name : option.names) {
     all += (all.empty() ? "" : " ") + name;
   }
-  std::vector<std::string> specifications;
+  std::vector<std::string> entries;
   for (const std::string& name : option.names) {
     const bool hasValue = option.kind != ValueKind::none;
     const std::string ending = hasValue ? (name.starts_with("--") ? "=" : "+") : "";
-    specifications.push_back((option.repeats ? "*" : "(" + all + ")") + name + ending + "[" + escaped(option.help) +
-                             "]" + valueOf(option));
+    entries.push_back((option.repeats ? "*" : "(" + all + ")") + name + ending + "[" + escaped(option.help) + "]" +
+                      valueOf(option));
   }
-  return specifications;
+  return entries;
 }
 
 /// "'1:SCRIPT:_files'", "'*:SCRIPT:_files'"
-std::string specificationOf(const DeclaredOption& argument, std::size_t place) {
+std::string entryOf(const DeclaredOption& argument, std::size_t place) {
   return (argument.repeats ? "*" : std::to_string(place)) + valueOf(argument);
 }
 
-/// A call of `_arguments` with one specification on each line.
-std::string argumentsCall(const std::string& call, const std::vector<std::string>& specifications,
-                          const std::string& indent) {
+/// A call of `_arguments` with one entry on each line.
+std::string argumentsCall(const std::string& call, const std::vector<std::string>& entries, const std::string& indent) {
   std::string text = indent + call;
-  for (const std::string& specification : specifications) {
-    text += " \\\n" + indent + "  " + quotedForShell(specification);
+  for (const std::string& entry : entries) {
+    text += " \\\n" + indent + "  " + quotedForShell(entry);
   }
   return text;
 }
 
 std::vector<std::string> optionsOf(const DeclaredCommand& command) {
-  std::vector<std::string> specifications;
+  std::vector<std::string> entries;
   for (const DeclaredOption& option : command.options) {
-    const std::vector<std::string> more = specificationsOf(option);
-    specifications.insert(specifications.end(), more.begin(), more.end());
+    const std::vector<std::string> more = entriesOf(option);
+    entries.insert(entries.end(), more.begin(), more.end());
   }
-  return specifications;
+  return entries;
 }
 
 std::string branchOf(const DeclaredCommand& subcommand) {
-  std::vector<std::string> specifications = optionsOf(subcommand);
+  std::vector<std::string> entries = optionsOf(subcommand);
   for (std::size_t i = 0; i < subcommand.arguments.size(); ++i) {
-    specifications.push_back(specificationOf(subcommand.arguments[i], i + 1));
+    entries.push_back(entryOf(subcommand.arguments[i], i + 1));
   }
   return "        " + quotedForShell(subcommand.name) + ")\n" +
-         argumentsCall("_arguments -s -S", specifications, "          ") + "\n          ;;\n";
+         argumentsCall("_arguments -s -S", entries, "          ") + "\n          ;;\n";
 }
 
 std::string descriptions(const DeclaredProgram& program) {
