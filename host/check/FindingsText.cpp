@@ -71,10 +71,6 @@ std::string editorLineOf(const Finding& finding) {
                                                   "the run";
 }
 
-std::string counted(std::size_t count, const std::string& what) {
-  return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
-}
-
 }  // namespace
 
 std::string inWords(const Finding& finding, const std::string& name, const Terminal& terminal) {

@@ -3,14 +3,13 @@
 #include <cstdint>
 #include <vector>
 
+#include "quobrakUITests/Device.h"
 #include "quobrakUITests/Fields.h"
 #include "quobrakUITests/Parameters.h"
 
 namespace quobrak::host {
 
 LineMeaning meaningOf(std::string_view line) {
-  // A longer pause stops the test process.
-  constexpr std::int64_t LONGEST_PAUSE = 4294967;
   std::vector<std::string_view> fields;
   splitAtCommas(line, fields);
   LineMeaning meaning{
@@ -23,7 +22,7 @@ LineMeaning meaningOf(std::string_view line) {
   }
   if (meaning.command == "pause") {
     const std::optional<std::int64_t> duration = parseInteger(fields[1]);
-    if (duration && *duration >= 0 && *duration <= LONGEST_PAUSE) {
+    if (duration && !Device::pauseFault(*duration)) {
       meaning.pause = std::chrono::milliseconds(*duration);
     }
   }

@@ -125,8 +125,4 @@ std::string countdownInWords(nanoseconds duration) {
   return seconds < std::chrono::minutes(1) ? std::to_string(seconds.count()) + " s" : minutesInWords(seconds);
 }
 
-std::string counted(std::size_t count, std::string_view singular) {
-  return std::to_string(count) + " " + std::string(singular) + (count == 1 ? "" : "s");
-}
-
 }  // namespace quobrak::host

@@ -42,7 +42,4 @@ std::string durationInWords(std::chrono::nanoseconds duration);
 /// min". Below 0 it is "0 s".
 std::string countdownInWords(std::chrono::nanoseconds duration);
 
-/// "1 script", "3 scripts".
-std::string counted(std::size_t count, std::string_view singular);
-
 }  // namespace quobrak::host

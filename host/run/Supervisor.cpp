@@ -44,9 +44,8 @@ struct Readable {
 
 /// Waits until one of them can be read from, or the time has come. `process` may be negative for none.
 Readable waitUntil(Time time, const EndSignals& signals, int process) {
-  constexpr int NO_PROCESS = -1;
   std::array<pollfd, 2> descriptors{pollfd{.fd = signals.descriptor(), .events = POLLIN, .revents = 0},
-                                    pollfd{.fd = std::max(process, NO_PROCESS), .events = POLLIN, .revents = 0}};
+                                    pollfd{.fd = process, .events = POLLIN, .revents = 0}};
   const auto left = std::chrono::ceil<std::chrono::milliseconds>(time - now()).count();
   if (::poll(descriptors.data(), descriptors.size(), static_cast<int>(std::max<std::int64_t>(left, 0))) <= 0) {
     return {};

@@ -109,6 +109,10 @@ std::size_t displayWidth(std::string_view text) {
   return columns;
 }
 
+std::string counted(std::size_t count, std::string_view singular) {
+  return std::to_string(count) + " " + std::string(singular) + (count == 1 ? "" : "s");
+}
+
 std::string padded(std::string_view text, std::size_t columns) {
   const std::size_t width = displayWidth(text);
   return std::string(text) + std::string(columns > width ? columns - width : 0, ' ');

@@ -43,6 +43,9 @@ Terminal terminalOf(int descriptor, const EnvironmentVariable& variable);
 /// a style take none. Control characters take none.
 std::size_t displayWidth(std::string_view text);
 
+/// "1 script", "3 scripts".
+std::string counted(std::size_t count, std::string_view singular);
+
 /// The text with blanks behind it up to that many columns.
 std::string padded(std::string_view text, std::size_t columns);
 

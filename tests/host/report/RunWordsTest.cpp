@@ -120,11 +120,5 @@ TEST(RunWords, CountDownInWholeSeconds) {
   }
 }
 
-TEST(RunWords, CountThings) {
-  EXPECT_EQ(counted(0, "script"), "0 scripts");
-  EXPECT_EQ(counted(1, "script"), "1 script");
-  EXPECT_EQ(counted(2, "script"), "2 scripts");
-}
-
 }  // namespace
 }  // namespace quobrak::host

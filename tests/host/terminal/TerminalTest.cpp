@@ -108,6 +108,12 @@ TEST(DisplayWidth, TakesNoOtherSequenceForAStyle) {
   EXPECT_EQ(displayWidth("\x1b[2Ja"), 4U);
 }
 
+TEST(Counted, IsOneOrMany) {
+  EXPECT_EQ(counted(0, "script"), "0 scripts");
+  EXPECT_EQ(counted(1, "script"), "1 script");
+  EXPECT_EQ(counted(2, "script"), "2 scripts");
+}
+
 TEST(Padded, AddsBlanksUpToTheColumns) {
   EXPECT_EQ(padded("設", 4), "設  ");
   EXPECT_EQ(padded("long", 2), "long");
